@@ -1,0 +1,315 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/displaycomposition.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <numbers>
+
+#include <QPainter>
+
+#include "core/parallelrows.h"
+#include "core/perspectivewarp.h"
+
+namespace Vorel {
+
+namespace {
+
+constexpr double pivotLimit = 1e-12;
+
+// 32-bit pixels as QImage keeps them on a little-endian machine: B, G, R, A/X.
+constexpr int blue = 0, green = 1, red = 2, alpha = 3;
+
+// The image as premultiplied 32-bit pixels (opaque images are left as they are): the first
+// three bytes of each pixel are then exactly what drawing it over black would give.
+QImage premultiplied32(const QImage &image)
+{
+    if (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32_Premultiplied)
+        return image;
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+PixelLayout layoutOf(const QImage &image)
+{
+    return {image.width(), image.height(), image.bytesPerLine(), 4, 3};
+}
+
+QImage opaqueBlack(int64_t w, int64_t h)
+{
+    QImage image(static_cast<int>(w), static_cast<int>(h), QImage::Format_RGB32);
+    if (!image.isNull())
+        image.fill(0xff000000u);
+    return image;
+}
+
+} // namespace
+
+std::optional<RgbBuffer> imageToRGB(const QImage &image)
+{
+    if (image.isNull())
+        return std::nullopt;
+    const QImage source = premultiplied32(image);
+    RgbBuffer buffer(source.width(), source.height());
+    parallelRows(buffer.h, [&](int64_t begin, int64_t end) {
+        for (int64_t y = begin; y < end; ++y) {
+            const uint8_t *in = source.constScanLine(static_cast<int>(y));
+            uint8_t *out = buffer.row(y);
+            for (int64_t x = 0; x < buffer.w; ++x, in += 4, out += 3) {
+                out[0] = in[red];
+                out[1] = in[green];
+                out[2] = in[blue];
+            }
+        }
+    });
+    return buffer;
+}
+
+std::optional<QImage> rgbToImage(const RgbBuffer &buffer)
+{
+    if (buffer.isEmpty() || buffer.data.size() < static_cast<size_t>(buffer.w * buffer.h * 3))
+        return std::nullopt;
+    QImage image(static_cast<int>(buffer.w), static_cast<int>(buffer.h), QImage::Format_RGB32);
+    if (image.isNull())
+        return std::nullopt;
+    parallelRows(buffer.h, [&](int64_t begin, int64_t end) {
+        for (int64_t y = begin; y < end; ++y) {
+            const uint8_t *in = buffer.row(y);
+            auto *out = reinterpret_cast<QRgb *>(image.scanLine(static_cast<int>(y)));
+            for (int64_t x = 0; x < buffer.w; ++x, in += 3)
+                out[x] = qRgb(in[0], in[1], in[2]);
+        }
+    });
+    return image;
+}
+
+// Rows 2i and 2i+1 of the 8x8 system for point pair (x, y) -> (u, v):
+//   (x, y, 1, 0, 0, 0, -x*u, -y*u) = u
+//   (0, 0, 0, x, y, 1, -x*v, -y*v) = v
+// solved by Gaussian elimination with partial pivoting and back substitution; h33 = 1.
+std::optional<PerspectiveMatrix> perspectiveTransform(const CornerPoints &from, const CornerPoints &to)
+{
+    double a[8][9] = {};
+    for (int i = 0; i < 4; ++i) {
+        const double x = from[i].x, y = from[i].y, u = to[i].x, v = to[i].y;
+        double *r0 = a[2 * i];
+        double *r1 = a[2 * i + 1];
+        r0[0] = x, r0[1] = y, r0[2] = 1, r0[6] = -x * u, r0[7] = -y * u, r0[8] = u;
+        r1[3] = x, r1[4] = y, r1[5] = 1, r1[6] = -x * v, r1[7] = -y * v, r1[8] = v;
+    }
+    for (int col = 0; col < 8; ++col) {
+        int pivot = col;
+        for (int r = col + 1; r < 8; ++r)
+            if (std::fabs(a[r][col]) > std::fabs(a[pivot][col]))
+                pivot = r;
+        if (std::fabs(a[pivot][col]) < pivotLimit)
+            return std::nullopt;
+        if (pivot != col)
+            std::swap(a[pivot], a[col]);
+        for (int r = col + 1; r < 8; ++r) {
+            const double factor = a[r][col] / a[col][col];
+            for (int c = col; c < 9; ++c)
+                a[r][c] -= factor * a[col][c];
+        }
+    }
+    PerspectiveMatrix h{};
+    for (int i = 7; i >= 0; --i) {
+        double sum = a[i][8];
+        for (int j = i + 1; j < 8; ++j)
+            sum -= a[i][j] * h[j];
+        h[i] = sum / a[i][i];
+    }
+    h[8] = 1;
+    return h;
+}
+
+std::vector<uint8_t> warpPerspective(const uint8_t *source, int64_t w, int64_t h, int channels,
+                                     const PerspectiveMatrix &matrix)
+{
+    std::vector<uint8_t> output(static_cast<size_t>(w * h * channels), 0);
+    const PixelLayout layout{w, h, w * channels, channels, channels};
+    warpPerspectiveRegion(source, layout, matrix, 0, 0, w, h, output.data(), layout);
+    return output;
+}
+
+RgbBuffer warpPerspective(const RgbBuffer &source, const PerspectiveMatrix &matrix)
+{
+    RgbBuffer output;
+    output.w = source.w;
+    output.h = source.h;
+    output.data = warpPerspective(source.data.data(), source.w, source.h, RgbBuffer::pixelStride, matrix);
+    return output;
+}
+
+// Corners about the centre, rotated by +-r/2, scaled by 1 +- s/200, the right image moved by
+// (h, v) percent of the width, then back to pixel coordinates and rounded to float.
+std::pair<CornerPoints, CornerPoints> adjustedCorners(int64_t w, int64_t h, const StereoAdjustment &adjustment)
+{
+    const double halfW = static_cast<double>(w) / 2;
+    const double halfH = static_cast<double>(h) / 2;
+    const double centred[4][2] = {{-halfW, -halfH}, {halfW, -halfH}, {halfW, halfH}, {-halfW, halfH}};
+    auto move = [&](double degrees, double factor, double dx, double dy) {
+        const double a = degrees * std::numbers::pi / 180;
+        const double cosA = std::cos(a), sinA = std::sin(a);
+        CornerPoints points;
+        for (int i = 0; i < 4; ++i) {
+            const double x = centred[i][0], y = centred[i][1];
+            double rx = x * cosA - y * sinA;
+            double ry = x * sinA + y * cosA;
+            rx *= factor;
+            ry *= factor;
+            rx -= dx;
+            ry -= dy;
+            points[i] = {static_cast<float>(rx + halfW), static_cast<float>(ry + halfH)};
+        }
+        return points;
+    };
+    const double width = static_cast<double>(w);
+    CornerPoints left = move(adjustment.rotation / 2, 1 + adjustment.scale / 200, 0, 0);
+    CornerPoints right = move(-adjustment.rotation / 2, 1 - adjustment.scale / 200,
+                              adjustment.horizontalOffset * width / 100, adjustment.verticalOffset * width / 100);
+    return {left, right};
+}
+
+std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment)
+{
+    if (left.isNull() || right.isNull() || left.size() != right.size())
+        return std::nullopt;
+    const int64_t w = left.width(), h = left.height();
+    const auto [l, r] = adjustedCorners(w, h, adjustment);
+
+    // Common area, in float: the innermost corner on each edge of both moved images.
+    const float leftBound = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});
+    const float rightBound = std::min({static_cast<float>(w), l[1].x, l[2].x, r[1].x, r[2].x});
+    const float topBound = std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y});
+    const float bottomBound = std::min({static_cast<float>(h), l[2].y, l[3].y, r[2].y, r[3].y});
+    if (leftBound >= rightBound || topBound >= bottomBound)
+        return std::nullopt;
+
+    const CornerPoints frame{{{0, 0}, {static_cast<float>(w), 0}, {static_cast<float>(w), static_cast<float>(h)},
+                              {0, static_cast<float>(h)}}};
+    const std::optional<PerspectiveMatrix> leftMatrix = perspectiveTransform(frame, l);
+    const std::optional<PerspectiveMatrix> rightMatrix = perspectiveTransform(frame, r);
+    if (!leftMatrix || !rightMatrix)
+        return std::nullopt;
+
+    // Only the cut-out is computed: a warped pixel depends on its coordinates alone, so this
+    // equals warping the whole frame and cropping afterwards.
+    const int64_t x0 = static_cast<int64_t>(leftBound);
+    const int64_t y0 = static_cast<int64_t>(topBound);
+    const int64_t cropW = static_cast<int64_t>(rightBound - leftBound);
+    const int64_t cropH = static_cast<int64_t>(bottomBound - topBound);
+    if (cropW <= 0 || cropH <= 0)
+        return std::nullopt;
+
+    auto warp = [&](const QImage &image, const PerspectiveMatrix &matrix) {
+        const QImage source = premultiplied32(image);
+        QImage output = opaqueBlack(cropW, cropH);
+        if (!output.isNull())
+            warpPerspectiveRegion(source.constBits(), layoutOf(source), matrix, x0, y0, cropW, cropH, output.bits(),
+                                  layoutOf(output));
+        return output;
+    };
+    ImagePair pair{warp(left, *leftMatrix), warp(right, *rightMatrix)};
+    if (pair.left.isNull() || pair.right.isNull())
+        return std::nullopt;
+    return pair;
+}
+
+QImage halfWidth(const QImage &image)
+{
+    const int width = static_cast<int>(image.width() * 0.5);
+    QImage half(width, image.height(), QImage::Format_ARGB32_Premultiplied);
+    if (half.isNull())
+        return half;
+    half.fill(Qt::transparent);
+    QPainter painter(&half);
+    painter.drawImage(QRect(0, 0, width, image.height()), image);
+    return half;
+}
+
+// Dubois red-cyan matrices; rows give the output (R, G, B), columns act on the 0..1 values
+// (Lr, Lg, Lb) of the first image and (Rr, Rg, Rb) of the second. Each row sums to 1.
+static constexpr float duboisLeft[3][3] = {{0.4561f, 0.500484f, 0.176381f},
+                                           {-0.0400822f, -0.0378246f, -0.0157589f},
+                                           {-0.0152161f, -0.0205971f, -0.00546856f}};
+static constexpr float duboisRight[3][3] = {{-0.0434706f, -0.0879388f, -0.00155529f},
+                                            {0.378476f, 0.73364f, -0.0184503f},
+                                            {-0.0721527f, -0.112961f, 1.2264f}};
+
+namespace {
+
+inline uint8_t duboisChannel(int out, const float l[3], const float r[3])
+{
+    const float *a = duboisLeft[out];
+    const float *b = duboisRight[out];
+    const float sum = a[0] * l[0] + a[1] * l[1] + a[2] * l[2] + b[0] * r[0] + b[1] * r[1] + b[2] * r[2];
+    const float v = sum * 255.0f + 0.5f;
+    if (v <= 0)
+        return 0;
+    return v >= 255 ? 255 : static_cast<uint8_t>(v);
+}
+
+// Gray weights on 0..255 values, truncated without rounding.
+inline uint8_t grayOf(const uint8_t *p)
+{
+    const float g = 0.299f * p[red] + 0.587f * p[green] + 0.114f * p[blue];
+    return g >= 255 ? 255 : static_cast<uint8_t>(g);
+}
+
+} // namespace
+
+std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second, int kind)
+{
+    if (first.isNull() || second.isNull() || first.size() != second.size())
+        return std::nullopt;
+    const QImage a = premultiplied32(first);
+    const QImage b = premultiplied32(second);
+    QImage output(a.width(), a.height(), QImage::Format_RGB32);
+    if (output.isNull())
+        return std::nullopt;
+    const int64_t w = a.width();
+    parallelRows(a.height(), [&](int64_t begin, int64_t end) {
+        for (int64_t y = begin; y < end; ++y) {
+            const uint8_t *p = a.constScanLine(static_cast<int>(y));
+            const uint8_t *q = b.constScanLine(static_cast<int>(y));
+            auto *out = reinterpret_cast<QRgb *>(output.scanLine(static_cast<int>(y)));
+            for (int64_t x = 0; x < w; ++x, p += 4, q += 4) {
+                if (kind == 1) {
+                    out[x] = qRgb(p[red], q[green], q[blue]);
+                } else if (kind == 2) {
+                    const float l[3] = {p[red] / 255.0f, p[green] / 255.0f, p[blue] / 255.0f};
+                    const float r[3] = {q[red] / 255.0f, q[green] / 255.0f, q[blue] / 255.0f};
+                    out[x] = qRgb(duboisChannel(0, l, r), duboisChannel(1, l, r), duboisChannel(2, l, r));
+                } else {
+                    const uint8_t gR = grayOf(q);
+                    out[x] = qRgb(grayOf(p), gR, gR);
+                }
+            }
+        }
+    });
+    return output;
+}
+
+QImage composeSideBySide(const QImage &first, const QImage &second)
+{
+    const int height = std::max(first.height(), second.height());
+    QImage canvas(first.width() + second.width(), height, QImage::Format_ARGB32_Premultiplied);
+    if (canvas.isNull())
+        return canvas;
+    canvas.fill(Qt::transparent);
+    auto place = [&](const QImage &image, int x) {
+        const QImage source = premultiplied32(image);
+        const int top = height - source.height();
+        const size_t rowBytes = static_cast<size_t>(source.width()) * 4;
+        for (int y = 0; y < source.height(); ++y) {
+            uchar *out = canvas.scanLine(top + y) + static_cast<size_t>(x) * 4;
+            std::memcpy(out, source.constScanLine(y), rowBytes);
+        }
+    };
+    place(first, 0);
+    place(second, first.width());
+    return canvas;
+}
+
+} // namespace Vorel

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Turns a pair of source images and a manual adjustment into what is shown and saved:
+// the warped pair cropped to its common area, half-width squeeze, anaglyphs and the
+// side-by-side picture.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <utility>
+
+#include <QImage>
+#include <QPointF>
+
+#include "core/rgbbuffer.h"
+#include "core/stereotypes.h"
+
+namespace Vorel {
+
+// Corner points top-left, top-right, bottom-right, bottom-left; 32-bit floats, y down.
+struct CornerPoint {
+    float x = 0;
+    float y = 0;
+};
+using CornerPoints = std::array<CornerPoint, 4>;
+
+// 3x3 perspective matrix, row-major, m[8] == 1.
+using PerspectiveMatrix = std::array<double, 9>;
+
+// Draws the image over black (alpha dropped) into a tightly packed RGB buffer.
+std::optional<RgbBuffer> imageToRGB(const QImage &image);
+// Opaque 32-bit image (QImage::Format_RGB32) of the buffer's size.
+std::optional<QImage> rgbToImage(const RgbBuffer &buffer);
+
+// The matrix mapping each `from` point onto the matching `to` point; none if singular.
+std::optional<PerspectiveMatrix> perspectiveTransform(const CornerPoints &from, const CornerPoints &to);
+
+// Inverse-maps every output pixel through `matrix` and samples bilinearly; pixels whose
+// source falls outside [0, w-1) x [0, h-1) stay black. Output has the input's size.
+std::vector<uint8_t> warpPerspective(const uint8_t *source, int64_t w, int64_t h, int channels,
+                                     const PerspectiveMatrix &matrix);
+RgbBuffer warpPerspective(const RgbBuffer &source, const PerspectiveMatrix &matrix);
+
+// Moved corner points of the left and right image for an adjustment, in pixels.
+std::pair<CornerPoints, CornerPoints> adjustedCorners(int64_t w, int64_t h, const StereoAdjustment &adjustment);
+
+// Both images warped by their half of the adjustment and cut to the common area.
+// `right` must have the size of `left`.
+std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment);
+
+// Half side-by-side squeeze: width x 0.5 truncated, height unchanged.
+QImage halfWidth(const QImage &image);
+
+// kind 0 gray, 1 colour, 2 Dubois (anything else: gray). Equal sizes required.
+std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second, int kind);
+RgbBuffer composeAnaglyph(const RgbBuffer &first, const RgbBuffer &second, int kind);
+
+// first | second on one canvas, bottom-aligned, transparent where nothing is drawn.
+QImage composeSideBySide(const QImage &first, const QImage &second);
+
+} // namespace Vorel

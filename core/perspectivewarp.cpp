@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// For each output pixel (x, y):
+//   (sx', sy', w') = inverse * (x, y, 1)          all in double, left-to-right sums
+//   skip if |w'| < 1e-12; sx = sx'/w', sy = sy'/w'
+//   sample only if 0 <= sx < W-1 and 0 <= sy < H-1 (strict: the last source row and column
+//   are never the top-left sample, which leaves a black band along the right/bottom edge)
+//   x0 = trunc(sx), fx = sx - x0 (same for y)
+//   v = (1-fx)(1-fy) p00 + fx(1-fy) p10 + (1-fx)fy p01 + fx fy p11 + 0.5, truncated, <= 255
+// Every output pixel depends only on its own coordinates, so any region of the frame can be
+// computed alone and rows can be split over cores without changing a bit.
+#include "core/perspectivewarp.h"
+
+#include <cmath>
+
+#include "core/parallelrows.h"
+
+namespace Vorel {
+
+namespace {
+
+constexpr double singularLimit = 1e-12;
+
+// Inverse through the adjugate, divided by the determinant.
+bool invert(const PerspectiveMatrix &m, PerspectiveMatrix &inverse)
+{
+    const double c00 = m[4] * m[8] - m[5] * m[7];
+    const double c01 = m[5] * m[6] - m[3] * m[8];
+    const double c02 = m[3] * m[7] - m[4] * m[6];
+    const double det = m[0] * c00 + m[1] * c01 + m[2] * c02;
+    if (std::fabs(det) < singularLimit)
+        return false;
+    inverse = {c00 / det,
+               (m[2] * m[7] - m[1] * m[8]) / det,
+               (m[1] * m[5] - m[2] * m[4]) / det,
+               c01 / det,
+               (m[0] * m[8] - m[2] * m[6]) / det,
+               (m[2] * m[3] - m[0] * m[5]) / det,
+               c02 / det,
+               (m[1] * m[6] - m[0] * m[7]) / det,
+               (m[0] * m[4] - m[1] * m[3]) / det};
+    return true;
+}
+
+template <int Channels, int SourceStride, int DestinationStride>
+void warpRows(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t x0, int64_t y0,
+              int64_t width, int64_t rowBegin, int64_t rowEnd, uint8_t *destination, int64_t destinationRowStride)
+{
+    const double maxX = static_cast<double>(src.w - 1);
+    const double maxY = static_cast<double>(src.h - 1);
+    for (int64_t row = rowBegin; row < rowEnd; ++row) {
+        const double y = static_cast<double>(y0 + row);
+        uint8_t *out = destination + row * destinationRowStride;
+        for (int64_t col = 0; col < width; ++col, out += DestinationStride) {
+            const double x = static_cast<double>(x0 + col);
+            const double wh = inv[6] * x + inv[7] * y + inv[8];
+            if (std::fabs(wh) < singularLimit)
+                continue;
+            const double sx = (inv[0] * x + inv[1] * y + inv[2]) / wh;
+            const double sy = (inv[3] * x + inv[4] * y + inv[5]) / wh;
+            if (!(sx >= 0 && sx < maxX && sy >= 0 && sy < maxY))
+                continue;
+            const int64_t ix = static_cast<int64_t>(sx);
+            const int64_t iy = static_cast<int64_t>(sy);
+            const double fx = sx - static_cast<double>(ix);
+            const double fy = sy - static_cast<double>(iy);
+            const double w00 = (1 - fx) * (1 - fy);
+            const double w10 = fx * (1 - fy);
+            const double w01 = (1 - fx) * fy;
+            const double w11 = fx * fy;
+            const uint8_t *p00 = source + iy * src.rowStride + ix * SourceStride;
+            const uint8_t *p01 = p00 + src.rowStride;
+            for (int c = 0; c < Channels; ++c) {
+                const double v = w00 * p00[c] + w10 * p00[c + SourceStride] + w01 * p01[c] +
+                                 w11 * p01[c + SourceStride] + 0.5;
+                out[c] = v >= 255 ? 255 : static_cast<uint8_t>(v);
+            }
+        }
+    }
+}
+
+using RowKernel = void (*)(const uint8_t *, const PixelLayout &, const PerspectiveMatrix &, int64_t, int64_t,
+                           int64_t, int64_t, int64_t, uint8_t *, int64_t);
+
+RowKernel kernelFor(const PixelLayout &src, const PixelLayout &dst)
+{
+    if (src.channels != dst.channels)
+        return nullptr;
+    if (src.channels == 3 && src.pixelStride == 4 && dst.pixelStride == 4)
+        return warpRows<3, 4, 4>;
+    if (src.channels == 3 && src.pixelStride == 3 && dst.pixelStride == 3)
+        return warpRows<3, 3, 3>;
+    if (src.channels == 1 && src.pixelStride == 1 && dst.pixelStride == 1)
+        return warpRows<1, 1, 1>;
+    return nullptr;
+}
+
+} // namespace
+
+bool warpPerspectiveRegion(const uint8_t *source, const PixelLayout &sourceLayout, const PerspectiveMatrix &matrix,
+                           int64_t x0, int64_t y0, int64_t width, int64_t height, uint8_t *destination,
+                           const PixelLayout &destinationLayout)
+{
+    PerspectiveMatrix inverse;
+    const RowKernel kernel = kernelFor(sourceLayout, destinationLayout);
+    if (!kernel || !invert(matrix, inverse))
+        return false;
+    parallelRows(height, [&](int64_t begin, int64_t end) {
+        kernel(source, sourceLayout, inverse, x0, y0, width, begin, end, destination, destinationLayout.rowStride);
+    });
+    return true;
+}
+
+} // namespace Vorel

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The inverse-mapping bilinear warp shared by the display composition (32-bit pixels of a
+// QImage) and the alignment (tightly packed RGB or gray buffers).
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace Vorel {
+
+using PerspectiveMatrix = std::array<double, 9>;
+
+// Describes pixels in memory: `pixelStride` bytes per pixel, of which the first
+// `channels` are sampled; rows `rowStride` bytes apart.
+struct PixelLayout {
+    int64_t w = 0;
+    int64_t h = 0;
+    int64_t rowStride = 0;
+    int pixelStride = 0;
+    int channels = 0;
+};
+
+// Warps the output rectangle [x0, x0+width) x [y0, y0+height) of a source-sized frame:
+// each output pixel (x, y) samples the source at inverse x (x, y, 1). `destination` holds
+// `height` rows of `width` pixels in `destinationLayout` (its w/h are ignored); pixels
+// that sample nothing are left as they were, so the caller pre-fills them.
+// Returns false (nothing written) when the matrix cannot be inverted.
+bool warpPerspectiveRegion(const uint8_t *source, const PixelLayout &sourceLayout, const PerspectiveMatrix &matrix,
+                           int64_t x0, int64_t y0, int64_t width, int64_t height, uint8_t *destination,
+                           const PixelLayout &destinationLayout);
+
+} // namespace Vorel

@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/stereoimageprocessor.h"
+
+#include <cmath>
+
+#include "core/displaycomposition.h"
+#include "core/preferences.h"
+#include "formats/imagewriter.h"
+
+namespace Vorel {
+
+namespace {
+
+// Stretched (aspect ratio not kept) into a premultiplied 32-bit image of exactly `size`.
+QImage redrawn(const QImage &image, QSize size)
+{
+    QImage scaled = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (scaled.isNull())
+        return QImage();
+    return scaled.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+} // namespace
+
+void StereoImageProcessor::loadPair(const QImage &left, const QImage &right, bool resetHistory)
+{
+    if (left.size() == right.size()) {
+        leftOriginal = left;
+        rightOriginal = right;
+    } else {
+        const QSize target(std::min(left.width(), right.width()), std::min(left.height(), right.height()));
+        leftOriginal = redrawn(left, target);
+        rightOriginal = redrawn(right, target);
+    }
+    resetAfterLoad(resetHistory);
+}
+
+void StereoImageProcessor::loadSideBySide(const QImage &image, bool resetHistory)
+{
+    const int half = image.width() / 2;
+    if (image.isNull() || half <= 0)
+        return;
+    leftOriginal = image.copy(0, 0, half, image.height());
+    rightOriginal = image.copy(half, 0, half, image.height());
+    resetAfterLoad(resetHistory);
+}
+
+void StereoImageProcessor::resetAfterLoad(bool resetHistory)
+{
+    cachedLeft.reset();
+    cachedRight.reset();
+    adjustment = StereoAdjustment{};
+    if (!resetHistory)
+        return;
+    history.clear();
+    if (std::optional<ImagePair> pair = render(false))
+        history.push(pair->left, pair->right);
+}
+
+std::optional<ImagePair> StereoImageProcessor::renderInputs(bool useCache) const
+{
+    const bool preview = nTab == previewTab && useCache;
+    const std::optional<QImage> &left = preview ? cachedLeft : leftOriginal;
+    const std::optional<QImage> &right = preview ? cachedRight : rightOriginal;
+    if (!left || !right)
+        return std::nullopt;
+    return adjustPair(*left, *right, adjustment);
+}
+
+std::optional<ImagePair> StereoImageProcessor::render(bool useCache) const
+{
+    std::optional<ImagePair> adjusted = renderInputs(useCache);
+    if (!adjusted)
+        return std::nullopt;
+    if (isHalf)
+        adjusted = ImagePair{halfWidth(adjusted->left), halfWidth(adjusted->right)};
+    if (isSwap)
+        std::swap(adjusted->left, adjusted->right);
+    return adjusted;
+}
+
+std::optional<QImage> StereoImageProcessor::renderAnaglyph(int kind, bool useCache) const
+{
+    const std::optional<ImagePair> adjusted = renderInputs(useCache);
+    if (!adjusted)
+        return std::nullopt;
+    return isSwap ? composeAnaglyph(adjusted->right, adjusted->left, kind)
+                  : composeAnaglyph(adjusted->left, adjusted->right, kind);
+}
+
+void StereoImageProcessor::makePreviewCache(int maxWidth, int maxHeight)
+{
+    if (!leftOriginal || maxWidth <= 0 || maxHeight <= 0)
+        return;
+    const double w = leftOriginal->width();
+    const double h = leftOriginal->height();
+    const QSize target = h / maxHeight < w / maxWidth
+                             ? QSize(maxWidth, static_cast<int>(maxWidth * h / w))
+                             : QSize(static_cast<int>(maxHeight * w / h), maxHeight);
+    if (target.isEmpty())
+        return;
+    cachedLeft = redrawn(*leftOriginal, target);
+    cachedRight.reset();
+    if (rightOriginal)
+        cachedRight = redrawn(*rightOriginal, target);
+}
+
+void StereoImageProcessor::rememberAdjustment(Preferences &preferences)
+{
+    if (adjustment == adjustprev)
+        return;
+    adjustprev = adjustment;
+    preferences.setNumber(QStringLiteral("batch.manualH"), adjustment.horizontalOffset);
+    preferences.setNumber(QStringLiteral("batch.manualV"), adjustment.verticalOffset);
+    preferences.setNumber(QStringLiteral("batch.manualRot"), adjustment.rotation);
+    preferences.setNumber(QStringLiteral("batch.manualScale"), adjustment.scale);
+}
+
+std::optional<QImage> StereoImageProcessor::crop(const QImage &image, const QRectF &rect)
+{
+    if (image.isNull())
+        return std::nullopt;
+    const QRect pixels(static_cast<int>(rect.x() * image.width()), static_cast<int>(rect.y() * image.height()),
+                       static_cast<int>(rect.width() * image.width()),
+                       static_cast<int>(rect.height() * image.height()));
+    const QRect inside = pixels.intersected(image.rect());
+    if (inside.isEmpty())
+        return std::nullopt;
+    return image.copy(inside);
+}
+
+bool StereoImageProcessor::saveSideBySide(const QString &path) const
+{
+    const std::optional<ImagePair> pair = render(false);
+    return pair && writeImage(composeSideBySide(pair->left, pair->right), path);
+}
+
+} // namespace Vorel

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The stereo pair being worked on: source images, manual adjustment, swap and half-width
+// flags, preview copies and the undo/redo history. Every rendering of the pair starts here.
+// Single-threaded: one processor is used on one thread only.
+#pragma once
+
+#include <optional>
+
+#include <QImage>
+#include <QRectF>
+#include <QString>
+
+#include "core/imagehistory.h"
+#include "core/stereotypes.h"
+
+namespace Vorel {
+
+class Preferences;
+
+class StereoImageProcessor {
+public:
+    // Control panel page whose selection switches rendering to the preview copies.
+    static constexpr int previewTab = 3;
+
+    ImageHistory history;
+    std::optional<QImage> leftOriginal;
+    std::optional<QImage> rightOriginal;
+    std::optional<QImage> cachedLeft;
+    std::optional<QImage> cachedRight;
+    bool ismakeanaglyph = false; // reserved, no behaviour
+    int nTab = 0;
+    bool isSwap = false;
+    bool isHalf = false;
+    StereoAdjustment adjustment;
+    StereoAdjustment adjustprev;
+
+    bool hasPair() const { return leftOriginal.has_value() && rightOriginal.has_value(); }
+
+    // Makes two images the source pair; different sizes are stretched to the common minimum.
+    void loadPair(const QImage &left, const QImage &right, bool resetHistory);
+    // Splits a side-by-side picture at width / 2 (an odd last column is dropped).
+    void loadSideBySide(const QImage &image, bool resetHistory);
+
+    std::optional<ImagePair> render(bool useCache) const;
+    std::optional<QImage> renderAnaglyph(int kind, bool useCache) const;
+
+    // Colour-matches one source image to the other; `matcher(image, reference)` does the
+    // matching (automatic colour matching supplies it).
+    template <typename Matcher> void matchColours(bool flag, Matcher &&matcher);
+
+    void makePreviewCache(int maxWidth, int maxHeight);
+    // Writes the adjustment to the "batch.manual*" keys when it changed since the last call.
+    void rememberAdjustment(Preferences &preferences);
+
+    // `rect` in fractions of the image size.
+    static std::optional<QImage> crop(const QImage &image, const QRectF &rect);
+
+    bool saveSideBySide(const QString &path) const;
+
+private:
+    void resetAfterLoad(bool resetHistory);
+    std::optional<ImagePair> renderInputs(bool useCache) const;
+};
+
+template <typename Matcher> void StereoImageProcessor::matchColours(bool flag, Matcher &&matcher)
+{
+    if (!hasPair())
+        return;
+    if (flag == isSwap) {
+        if (std::optional<QImage> matched = matcher(*rightOriginal, *leftOriginal))
+            rightOriginal = *matched;
+    } else {
+        if (std::optional<QImage> matched = matcher(*leftOriginal, *rightOriginal))
+            leftOriginal = *matched;
+    }
+}
+
+} // namespace Vorel

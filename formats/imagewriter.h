@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Writes one image, encoded by the lower-cased extension of the target: jpg/jpeg, png,
+// tif/tiff, heic, bmp; any other extension writes PNG data under the given name. JPEG and
+// HEIC at quality 90. The write is atomic: on failure an existing file stays untouched.
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace Vorel {
+
+bool writeImage(const QImage &image, const QString &path);
+
+} // namespace Vorel

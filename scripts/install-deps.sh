@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The Vorel developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Installs every Debian 12 package that building, running and testing Vorel needs.
+# Only what is missing is installed; run as root.
+set -euo pipefail
+
+packages=(
+  g++ cmake ninja-build pkg-config
+  qt6-base-dev qt6-image-formats-plugins libgl-dev
+  libturbojpeg0-dev libheif-dev libexiv2-dev libopenblas-dev
+  libgtest-dev libgmock-dev libbenchmark-dev
+  xvfb xauth x11-apps
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+if ((${#missing[@]})); then
+  echo "Installing: ${missing[*]}"
+  export DEBIAN_FRONTEND=noninteractive
+  apt-get update -qq
+  apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi

@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The display arithmetic against short scalar references written here, bit for bit.
+#include <cmath>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "core/displaycomposition.h"
+
+using namespace Vorel;
+
+namespace {
+
+QImage noise(int w, int h, unsigned seed)
+{
+    QImage image(w, h, QImage::Format_RGB32);
+    std::mt19937 rng(seed);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            image.setPixel(x, y, qRgb(rng() & 255, rng() & 255, rng() & 255));
+    return image;
+}
+
+// Straight from the formula: full-frame warp of an RGB buffer, no regions, no threads.
+std::vector<uint8_t> referenceWarp(const RgbBuffer &src, const PerspectiveMatrix &m)
+{
+    const double det = m[0] * (m[4] * m[8] - m[5] * m[7]) + m[1] * (m[5] * m[6] - m[3] * m[8]) +
+                       m[2] * (m[3] * m[7] - m[4] * m[6]);
+    std::vector<uint8_t> out(src.data.size(), 0);
+    if (std::fabs(det) < 1e-12)
+        return out;
+    const double inv[9] = {(m[4] * m[8] - m[5] * m[7]) / det, (m[2] * m[7] - m[1] * m[8]) / det,
+                           (m[1] * m[5] - m[2] * m[4]) / det, (m[5] * m[6] - m[3] * m[8]) / det,
+                           (m[0] * m[8] - m[2] * m[6]) / det, (m[2] * m[3] - m[0] * m[5]) / det,
+                           (m[3] * m[7] - m[4] * m[6]) / det, (m[1] * m[6] - m[0] * m[7]) / det,
+                           (m[0] * m[4] - m[1] * m[3]) / det};
+    for (int64_t y = 0; y < src.h; ++y)
+        for (int64_t x = 0; x < src.w; ++x) {
+            const double X = double(x), Y = double(y);
+            const double w = inv[6] * X + inv[7] * Y + inv[8];
+            if (std::fabs(w) < 1e-12)
+                continue;
+            const double sx = (inv[0] * X + inv[1] * Y + inv[2]) / w;
+            const double sy = (inv[3] * X + inv[4] * Y + inv[5]) / w;
+            if (!(sx >= 0 && sx < double(src.w - 1) && sy >= 0 && sy < double(src.h - 1)))
+                continue;
+            const int64_t x0 = int64_t(sx), y0 = int64_t(sy);
+            const double fx = sx - double(x0), fy = sy - double(y0);
+            for (int c = 0; c < 3; ++c) {
+                auto p = [&](int64_t xx, int64_t yy) { return double(src.data[(yy * src.w + xx) * 3 + c]); };
+                const double v = (1 - fx) * (1 - fy) * p(x0, y0) + fx * (1 - fy) * p(x0 + 1, y0) +
+                                 (1 - fx) * fy * p(x0, y0 + 1) + fx * fy * p(x0 + 1, y0 + 1) + 0.5;
+                out[(y * src.w + x) * 3 + c] = uint8_t(std::min(255.0, v));
+            }
+        }
+    return out;
+}
+
+struct WarpCase {
+    int w, h;
+    StereoAdjustment adjustment;
+};
+
+class AdjustPairTest : public testing::TestWithParam<WarpCase> {};
+
+// adjustPair = reference warp of the whole frame, then the crop of the common area.
+TEST_P(AdjustPairTest, MatchesFullFrameWarpThenCrop)
+{
+    const WarpCase c = GetParam();
+    const QImage left = noise(c.w, c.h, 1), right = noise(c.w, c.h, 2);
+    const auto [l, r] = adjustedCorners(c.w, c.h, c.adjustment);
+    const CornerPoints frame{{{0, 0}, {float(c.w), 0}, {float(c.w), float(c.h)}, {0, float(c.h)}}};
+    const float lb = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});
+    const float rb = std::min({float(c.w), l[1].x, l[2].x, r[1].x, r[2].x});
+    const float tb = std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y});
+    const float bb = std::min({float(c.h), l[2].y, l[3].y, r[2].y, r[3].y});
+
+    const std::optional<ImagePair> pair = adjustPair(left, right, c.adjustment);
+    if (lb >= rb || tb >= bb) {
+        EXPECT_FALSE(pair);
+        return;
+    }
+    ASSERT_TRUE(pair);
+    const int64_t x0 = int64_t(lb), y0 = int64_t(tb), cw = int64_t(rb - lb), ch = int64_t(bb - tb);
+    ASSERT_EQ(pair->left.size(), QSize(int(cw), int(ch)));
+    ASSERT_EQ(pair->right.size(), QSize(int(cw), int(ch)));
+    for (int side = 0; side < 2; ++side) {
+        const RgbBuffer src = *imageToRGB(side == 0 ? left : right);
+        const std::vector<uint8_t> full = referenceWarp(src, *perspectiveTransform(frame, side == 0 ? l : r));
+        const RgbBuffer got = *imageToRGB(side == 0 ? pair->left : pair->right);
+        for (int64_t y = 0; y < ch; ++y)
+            for (int64_t x = 0; x < cw; ++x)
+                for (int k = 0; k < 3; ++k) {
+                    const uint8_t want = full[((y + y0) * c.w + x + x0) * 3 + k];
+                    const uint8_t have = got.data[(y * cw + x) * 3 + k];
+                    ASSERT_EQ(have, want) << c.w << "x" << c.h << " side " << side << " at (" << x << "," << y
+                                          << ") channel " << k;
+                }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, AdjustPairTest,
+                         testing::Values(WarpCase{1, 1, {}}, WarpCase{4, 3, {}}, WarpCase{7, 5, {3, -2, 0, 0}},
+                                         WarpCase{33, 21, {1.5, 0.5, 4, 6}}, WarpCase{64, 48, {-2, 3, -10, -8}},
+                                         WarpCase{301, 199, {2.25, -1.75, 7.5, 12}},
+                                         WarpCase{640, 480, {0.5, 0.5, 1, 2}}, WarpCase{50, 40, {200, 0, 0, 0}}));
+
+TEST(AdjustPair, ZeroAdjustmentKeepsSizeAndBlackensLastRowAndColumn)
+{
+    const QImage image = noise(9, 6, 3);
+    const std::optional<ImagePair> pair = adjustPair(image, image, {});
+    ASSERT_TRUE(pair);
+    ASSERT_EQ(pair->left.size(), image.size());
+    for (int y = 0; y < 6; ++y)
+        for (int x = 0; x < 9; ++x) {
+            const QRgb expected = (x == 8 || y == 5) ? qRgb(0, 0, 0) : image.pixel(x, y);
+            EXPECT_EQ(pair->left.pixel(x, y), expected) << x << "," << y;
+        }
+}
+
+TEST(AdjustPair, WorkedExamplesGiveTheStatedSizes)
+{
+    struct Row {
+        int w, h;
+        StereoAdjustment a;
+        QSize expected;
+    } rows[] = {
+        {1000, 600, {5, 0, 0, 0}, {950, 600}},  // right moved 50 px left
+        {1000, 600, {0, 2, 0, 0}, {1000, 580}}, // 2 % of the width, not the height
+    };
+    for (const Row &row : rows) {
+        const QImage image(row.w, row.h, QImage::Format_RGB32);
+        const std::optional<ImagePair> pair = adjustPair(image, image, row.a);
+        ASSERT_TRUE(pair);
+        EXPECT_EQ(pair->left.size(), row.expected);
+    }
+}
+
+TEST(PerspectiveTransform, MapsCornersAndRejectsDegenerateInput)
+{
+    const CornerPoints from{{{0, 0}, {100, 0}, {100, 50}, {0, 50}}};
+    const CornerPoints to{{{3, 4}, {98, -2}, {105, 55}, {-4, 47}}};
+    const std::optional<PerspectiveMatrix> m = perspectiveTransform(from, to);
+    ASSERT_TRUE(m);
+    for (int i = 0; i < 4; ++i) {
+        const double x = from[i].x, y = from[i].y;
+        const double w = (*m)[6] * x + (*m)[7] * y + (*m)[8];
+        EXPECT_NEAR(((*m)[0] * x + (*m)[1] * y + (*m)[2]) / w, to[i].x, 1e-9);
+        EXPECT_NEAR(((*m)[3] * x + (*m)[4] * y + (*m)[5]) / w, to[i].y, 1e-9);
+    }
+    const CornerPoints collapsed{{{5, 5}, {5, 5}, {5, 5}, {5, 5}}};
+    EXPECT_FALSE(perspectiveTransform(collapsed, to));
+}
+
+TEST(Anaglyph, WorkedPixels)
+{
+    struct Row {
+        int kind;
+        QRgb left, right, expected;
+    } rows[] = {
+        {0, qRgb(255, 0, 0), qRgb(0, 0, 255), qRgb(76, 29, 29)},
+        {2, qRgb(255, 255, 255), qRgb(255, 255, 255), qRgb(255, 255, 255)},
+        {2, qRgb(0, 0, 0), qRgb(0, 0, 0), qRgb(0, 0, 0)},
+        {1, qRgb(10, 20, 30), qRgb(40, 50, 60), qRgb(10, 50, 60)},
+        {7, qRgb(255, 0, 0), qRgb(0, 0, 255), qRgb(76, 29, 29)}, // unknown kind: gray
+    };
+    for (const Row &row : rows) {
+        QImage a(1, 1, QImage::Format_RGB32), b(1, 1, QImage::Format_RGB32);
+        a.setPixel(0, 0, row.left);
+        b.setPixel(0, 0, row.right);
+        EXPECT_EQ(composeAnaglyph(a, b, row.kind)->pixel(0, 0), row.expected) << "kind " << row.kind;
+    }
+}
+
+// Dubois over random pixels against the formula in float.
+TEST(Anaglyph, DuboisMatchesFloatFormula)
+{
+    const float m[3][6] = {{0.4561f, 0.500484f, 0.176381f, -0.0434706f, -0.0879388f, -0.00155529f},
+                           {-0.0400822f, -0.0378246f, -0.0157589f, 0.378476f, 0.73364f, -0.0184503f},
+                           {-0.0152161f, -0.0205971f, -0.00546856f, -0.0721527f, -0.112961f, 1.2264f}};
+    const QImage a = noise(97, 13, 5), b = noise(97, 13, 6);
+    const QImage out = *composeAnaglyph(a, b, 2);
+    for (int y = 0; y < 13; ++y)
+        for (int x = 0; x < 97; ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            const float v[6] = {qRed(p) / 255.0f, qGreen(p) / 255.0f, qBlue(p) / 255.0f,
+                                qRed(q) / 255.0f, qGreen(q) / 255.0f, qBlue(q) / 255.0f};
+            int expected[3];
+            for (int c = 0; c < 3; ++c) {
+                float sum = m[c][0] * v[0];
+                for (int k = 1; k < 6; ++k)
+                    sum += m[c][k] * v[k];
+                expected[c] = std::clamp(int(sum * 255.0f + 0.5f), 0, 255);
+            }
+            ASSERT_EQ(out.pixel(x, y), qRgb(expected[0], expected[1], expected[2])) << x << "," << y;
+        }
+}
+
+TEST(Compose, HalfWidthTruncatesAndSideBySideBottomAligns)
+{
+    EXPECT_EQ(halfWidth(noise(1001, 4, 7)).size(), QSize(500, 4));
+    const QImage sbs = composeSideBySide(noise(3, 2, 8), noise(4, 5, 9));
+    ASSERT_EQ(sbs.size(), QSize(7, 5));
+    EXPECT_EQ(qAlpha(sbs.pixel(0, 0)), 0);   // above the shorter first image
+    EXPECT_EQ(qAlpha(sbs.pixel(0, 3)), 255); // first image sits on the bottom edge
+    EXPECT_EQ(sbs.pixel(3, 0), noise(4, 5, 9).pixel(0, 0));
+}
+
+TEST(RgbConversion, AlphaBecomesBlackAndRoundTripIsExact)
+{
+    QImage clear(2, 1, QImage::Format_ARGB32);
+    clear.setPixel(0, 0, qRgba(200, 100, 50, 0));
+    clear.setPixel(1, 0, qRgba(200, 100, 50, 255));
+    const RgbBuffer rgb = *imageToRGB(clear);
+    EXPECT_EQ(rgb.data, (std::vector<uint8_t>{0, 0, 0, 200, 100, 50}));
+    const QImage image = noise(5, 3, 10);
+    EXPECT_EQ(*rgbToImage(*imageToRGB(image)), image);
+    EXPECT_FALSE(imageToRGB(QImage()));
+}
+
+} // namespace
