@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Turns what the user opens (one file, or a left and a right file) into the processor's
+// source pair: MPO files by their first two pictures, spatial photos by their stereo pair,
+// anything else as a side-by-side picture read upright.
+#pragma once
+
+#include <QString>
+
+namespace Vorel {
+
+class StereoImageProcessor;
+
+// How a single file holds its pair. `byExtension` decides as the main window does:
+// ".mpo" is tried as MPO, ".heic" as a spatial photo, and both fall back to side-by-side.
+enum class StereoFileKind { byExtension, sideBySide, mpo, spatial };
+
+struct StereoEntry {
+    QString left;  // the file, or the left file of a separate pair
+    QString right; // empty for a single file
+
+    bool isSeparatePair() const { return !right.isEmpty(); }
+};
+
+// Loads the entry with history reset. Returns false, leaving the processor as it was,
+// when the file(s) cannot be read. Reader errors are not reported: a file that fails as
+// MPO or spatial photo is read as a side-by-side picture.
+bool openEntry(StereoImageProcessor &proc, const StereoEntry &entry,
+               StereoFileKind kind = StereoFileKind::byExtension);
+
+} // namespace Vorel
