@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/convertcommand.h"
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+#include <QFileInfo>
+
+#include <unistd.h>
+
+#include "cli/convertoptions.h"
+#include "core/stereoimageprocessor.h"
+#include "formats/imagewriter.h"
+
+namespace Vorel {
+
+namespace {
+
+// Asks on the terminal; without one (scripts, CI) an existing file is never replaced silently.
+bool mayOverwrite(const ConvertOptions &options)
+{
+    if (options.overwrite || !QFileInfo::exists(options.outputPath))
+        return true;
+    if (!isatty(STDIN_FILENO))
+        return false;
+    std::cerr << "Overwrite " << options.outputPath.toStdString() << "? [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+bool writeOutput(StereoImageProcessor &proc, const ConvertOptions &options)
+{
+    const DisplayModeInfo &info = displayModeInfo(options.output);
+    if (info.anaglyphKind >= 0) {
+        const std::optional<QImage> anaglyph = proc.renderAnaglyph(info.anaglyphKind, false);
+        return anaglyph && writeImage(*anaglyph, options.outputPath);
+    }
+    proc.isHalf = options.output == DisplayMode::hsbs;
+    return proc.saveSideBySide(options.outputPath);
+}
+
+} // namespace
+
+void runConvert(const ConvertOptions &options)
+{
+    if (!mayOverwrite(options))
+        throw ConvertError{QStringLiteral("%1 exists; pass --yes to overwrite it").arg(options.outputPath)};
+
+    StereoImageProcessor proc;
+    const StereoEntry entry{options.input, options.right};
+    if (!openEntry(proc, entry, options.inputKind)) {
+        const bool leftReadable = QFileInfo(options.input).isReadable();
+        const QString culprit = entry.isSeparatePair() && leftReadable ? options.right : options.input;
+        throw ConvertError{QStringLiteral("cannot read a stereo pair from %1").arg(culprit)};
+    }
+
+    proc.isSwap = options.swap;
+    if (options.adjustment)
+        proc.adjustment = *options.adjustment;
+
+    if (!writeOutput(proc, options))
+        throw ConvertError{QStringLiteral("cannot write %1").arg(options.outputPath)};
+}
+
+} // namespace Vorel

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/convertoptions.h"
+
+#include <functional>
+#include <vector>
+
+namespace Vorel {
+
+namespace {
+
+struct InputKindName {
+    const char *name;
+    StereoFileKind kind;
+    bool separate;
+};
+
+constexpr InputKindName inputKinds[] = {
+    {"sbs", StereoFileKind::sideBySide, false},
+    {"spatial", StereoFileKind::spatial, false},
+    {"separate", StereoFileKind::sideBySide, true},
+    {"mpo", StereoFileKind::mpo, false},
+};
+
+// Outputs this tool can write so far: the display modes with a name, less the bordered one.
+bool isOutputSupported(DisplayMode mode) { return mode != DisplayMode::imageBorder; }
+
+std::vector<double> numberList(const QString &option, const QString &value, qsizetype count)
+{
+    const QStringList parts = value.split(QLatin1Char(','));
+    if (parts.size() != count)
+        throw UsageError{QStringLiteral("%1 expects %2 comma-separated numbers").arg(option).arg(count)};
+    std::vector<double> numbers;
+    for (const QString &part : parts) {
+        bool ok = false;
+        const double number = part.trimmed().toDouble(&ok);
+        if (!ok)
+            throw UsageError{QStringLiteral("%1: \"%2\" is not a number").arg(option, part)};
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+struct OptionRule {
+    const char *name;
+    bool takesValue;
+    std::function<void(ConvertOptions &, const QString &)> apply;
+};
+
+const std::vector<OptionRule> &optionRules()
+{
+    static const std::vector<OptionRule> rules{
+        {"--input", true,
+         [](ConvertOptions &o, const QString &v) {
+             for (const InputKindName &k : inputKinds)
+                 if (v == QLatin1String(k.name)) {
+                     o.inputKind = k.kind;
+                     o.separateInput = k.separate;
+                     return;
+                 }
+             throw UsageError{QStringLiteral("unknown input format \"%1\"").arg(v)};
+         }},
+        {"--output", true,
+         [](ConvertOptions &o, const QString &v) {
+             for (const DisplayModeInfo &info : displayModes)
+                 if (isOutputSupported(info.mode) && v == QLatin1String(info.cliName.data(), info.cliName.size())) {
+                     o.output = info.mode;
+                     return;
+                 }
+             throw UsageError{QStringLiteral("unknown output format \"%1\"").arg(v)};
+         }},
+        {"--swap", false, [](ConvertOptions &o, const QString &) { o.swap = true; }},
+        {"--adjust", true,
+         [](ConvertOptions &o, const QString &v) {
+             const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
+             o.adjustment = StereoAdjustment{n[0], n[1], n[2], n[3]};
+         }},
+        {"--yes", false, [](ConvertOptions &o, const QString &) { o.overwrite = true; }},
+    };
+    return rules;
+}
+
+} // namespace
+
+ConvertOptions parseConvertOptions(const QStringList &arguments)
+{
+    ConvertOptions options;
+    QStringList positional;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString &argument = arguments[i];
+        if (!argument.startsWith(QLatin1String("--")) || argument == QLatin1String("--")) {
+            positional << argument;
+            continue;
+        }
+        QString name = argument, value;
+        if (const qsizetype eq = argument.indexOf(QLatin1Char('=')); eq > 0) {
+            name = argument.left(eq);
+            value = argument.mid(eq + 1);
+        }
+        const OptionRule *rule = nullptr;
+        for (const OptionRule &candidate : optionRules())
+            if (name == QLatin1String(candidate.name))
+                rule = &candidate;
+        if (!rule)
+            throw UsageError{QStringLiteral("unknown option %1").arg(name)};
+        if (rule->takesValue && value.isNull()) {
+            if (++i >= arguments.size())
+                throw UsageError{QStringLiteral("%1 needs a value").arg(name)};
+            value = arguments[i];
+        }
+        rule->apply(options, value);
+    }
+    if (positional.size() == 3)
+        options.separateInput = true;
+    const qsizetype expected = options.separateInput ? 3 : 2;
+    if (positional.size() != expected)
+        throw UsageError{options.separateInput ? QStringLiteral("a separate pair needs LEFT RIGHT OUTPUT")
+                                               : QStringLiteral("expected INPUT [RIGHT] OUTPUT")};
+    options.input = positional.first();
+    if (options.separateInput)
+        options.right = positional[1];
+    options.outputPath = positional.last();
+    return options;
+}
+
+QString convertUsage()
+{
+    return QStringLiteral(
+        "usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n"
+        "  --input sbs|spatial|separate|mpo   how INPUT holds the pair (default: by extension;\n"
+        "                                     two inputs are a separate left/right pair)\n"
+        "  --output sbs|half-sbs|anaglyph-gray|anaglyph-color|anaglyph-dubois\n"
+        "                                     what to write (default: sbs)\n"
+        "  --swap                             exchange left and right\n"
+        "  --adjust H,V,ROT,SCALE             manual adjustment (percent of width, degrees, percent)\n"
+        "  --yes                              overwrite OUTPUT without asking\n"
+        "The extension of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n");
+}
+
+} // namespace Vorel

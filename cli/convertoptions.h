@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The options of `vorel-cli convert`, parsed from the command line into one value.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+#include <QStringList>
+
+#include "core/stereointake.h"
+#include "core/stereotypes.h"
+
+namespace Vorel {
+
+struct ConvertOptions {
+    StereoFileKind inputKind = StereoFileKind::byExtension;
+    bool separateInput = false; // --input separate, or two inputs given
+    DisplayMode output = DisplayMode::sbs;
+    bool swap = false;
+    std::optional<StereoAdjustment> adjustment;
+    bool overwrite = false;
+
+    QString input;
+    QString right; // second input of a separate pair
+    QString outputPath;
+};
+
+// Thrown for anything the user typed wrong; the text is shown above the usage.
+struct UsageError {
+    QString message;
+};
+
+ConvertOptions parseConvertOptions(const QStringList &arguments);
+QString convertUsage();
+
+} // namespace Vorel

@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// vorel-cli convert: option parsing, and the real program on real files with its exit codes.
+#include <QFile>
+#include <QImageReader>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "cli/convertoptions.h"
+#include "core/stereoimageprocessor.h"
+#include "core/stereointake.h"
+
+using namespace Vorel;
+
+namespace {
+
+const QString data = QStringLiteral(VOREL_TEST_DATA);
+
+int runCli(const QStringList &arguments, QString *errorText = nullptr)
+{
+    QProcess process;
+    process.start(QStringLiteral(VOREL_CLI), arguments);
+    process.waitForFinished(120000);
+    if (errorText)
+        *errorText = QString::fromLocal8Bit(process.readAllStandardError());
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
+
+TEST(ConvertOptions, ParsesAndRejects)
+{
+    const ConvertOptions o = parseConvertOptions(
+        {QStringLiteral("--output=anaglyph-dubois"), QStringLiteral("--adjust"), QStringLiteral("1,-2,3.5,4"),
+         QStringLiteral("--swap"), QStringLiteral("in.jpg"), QStringLiteral("out.png")});
+    EXPECT_EQ(o.output, DisplayMode::anaglyphd);
+    EXPECT_EQ(*o.adjustment, (StereoAdjustment{1, -2, 3.5, 4}));
+    EXPECT_TRUE(o.swap);
+    EXPECT_FALSE(o.separateInput);
+    EXPECT_EQ(o.outputPath, QStringLiteral("out.png"));
+    EXPECT_TRUE(parseConvertOptions({QStringLiteral("l.jpg"), QStringLiteral("r.jpg"), QStringLiteral("o.jpg")})
+                    .separateInput);
+
+    const QStringList bad[] = {
+        {QStringLiteral("--adjust"), QStringLiteral("1,2,3"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--adjust"), QStringLiteral("1,x,3,4"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--output"), QStringLiteral("cubes"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--nope"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("a")},
+        {QStringLiteral("--input"), QStringLiteral("separate"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")},
+        {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("--input")},
+    };
+    for (const QStringList &arguments : bad)
+        EXPECT_THROW(parseConvertOptions(arguments), UsageError) << arguments.join(QLatin1Char(' ')).toStdString();
+}
+
+struct CliCase {
+    const char *name;
+    QStringList inputs;
+    QStringList options;
+    const char *output;
+    QSize expectedSize;
+};
+
+// Each output mode on real files; the sizes follow from the pair size and the mode.
+TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
+{
+    const QString sbs = data + QStringLiteral("/stereo/02-super-mario.jpg"); // 1044x720, halves 522x720
+    const CliCase cases[] = {
+        {"sbs", {sbs}, {}, "out.png", {1044, 720}},
+        {"half-sbs", {sbs}, {QStringLiteral("--output"), QStringLiteral("half-sbs")}, "out.png", {522, 720}},
+        {"dubois", {sbs}, {QStringLiteral("--output"), QStringLiteral("anaglyph-dubois")}, "out.JPG", {522, 720}},
+        {"adjusted", {sbs}, {QStringLiteral("--adjust"), QStringLiteral("10,0,0,0")}, "out.tif", {938, 720}}, // 522 - 52.2 truncated, twice,
+        {"separate",
+         {data + QStringLiteral("/stereo/left01.jpg"), data + QStringLiteral("/stereo/right01.jpg")},
+         {QStringLiteral("--output"), QStringLiteral("anaglyph-gray")},
+         "out.bmp",
+         {640, 480}},
+    };
+    for (const CliCase &c : cases) {
+        QTemporaryDir dir;
+        const QString out = dir.filePath(QString::fromLatin1(c.output));
+        QString errors;
+        ASSERT_EQ(runCli(QStringList{QStringLiteral("convert")} + c.options + c.inputs + QStringList{out}, &errors),
+                  0)
+            << c.name << ": " << errors.toStdString();
+        QImageReader reader(out);
+        EXPECT_EQ(reader.size(), c.expectedSize) << c.name;
+    }
+}
+
+TEST(ConvertProgram, ExitCodesAndNoClobbering)
+{
+    QTemporaryDir dir;
+    const QString existing = dir.filePath(QStringLiteral("keep.png"));
+    QFile file(existing);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("precious");
+    file.close();
+    const QString sbs = data + QStringLiteral("/stereo/02-super-mario.jpg");
+    const QString garbage = dir.filePath(QStringLiteral("text.jpg"));
+    QFile text(garbage);
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write("not a picture");
+    text.close();
+
+    QString errors;
+    EXPECT_EQ(runCli({QStringLiteral("convert"), garbage, dir.filePath(QStringLiteral("o.png"))}, &errors), 1);
+    EXPECT_TRUE(errors.contains(garbage)) << errors.toStdString();
+    EXPECT_EQ(runCli({QStringLiteral("convert"), sbs, existing}), 1); // exists, no --yes, no terminal
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("precious"));
+    file.close();
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--yes"), sbs, existing}), 0);
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--what"), sbs, existing}), 2);
+    EXPECT_EQ(runCli({}), 2);
+}
+
+} // namespace
