@@ -9,8 +9,10 @@
 
 #include "cli/convertcommand.h"
 #include "cli/convertoptions.h"
+#include "cli/orientationcommand.h"
 
-namespace {
+namespace
+{
 
 constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
@@ -18,7 +20,8 @@ constexpr int exitUsage = 2;
 void printUsage()
 {
     std::cerr << "usage: vorel-cli COMMAND ...\n\ncommands:\n"
-              << "  convert   convert one stereo pair (vorel-cli convert --help)\n\n"
+              << "  convert      convert one stereo pair (vorel-cli convert --help)\n"
+              << "  orientation  set the EXIF orientation of files in place (vorel-cli orientation --help)\n\n"
               << Vorel::convertUsage().toStdString();
 }
 
@@ -42,11 +45,20 @@ int main(int argc, char *argv[])
             Vorel::runConvert(Vorel::parseConvertOptions(arguments));
             return 0;
         }
+        if (command == QLatin1String("orientation")) {
+            if (arguments.contains(QLatin1String("--help"))) {
+                std::cout << Vorel::orientationUsage().toStdString();
+                return 0;
+            }
+            return Vorel::runOrientation(Vorel::parseOrientationArguments(arguments)) ? 0 : exitFailure;
+        }
         std::cerr << "vorel-cli: unknown command " << command.toStdString() << "\n\n";
         printUsage();
         return exitUsage;
     } catch (const Vorel::UsageError &error) {
-        std::cerr << "vorel-cli: " << error.message.toStdString() << "\n\n" << Vorel::convertUsage().toStdString();
+        const QString usage
+            = command == QLatin1String("orientation") ? Vorel::orientationUsage() : Vorel::convertUsage();
+        std::cerr << "vorel-cli: " << error.message.toStdString() << "\n\n" << usage.toStdString();
         return exitUsage;
     } catch (const Vorel::ConvertError &error) {
         std::cerr << "vorel-cli: " << error.message.toStdString() << '\n';

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "formats/pngorientation.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "formats/tifforientation.h"
+
+namespace Vorel
+{
+
+namespace
+{
+
+// A PNG is an 8-byte signature and chunks: u32 big-endian data length | 4-byte type | data |
+// u32 CRC-32 of type and data. IHDR comes first, IEND last.
+const QByteArray pngSignature("\x89PNG\r\n\x1a\n", 8);
+constexpr qsizetype chunkOverhead = 12;
+constexpr quint32 maxChunkLength = 0x7FFFFFFF;
+// Some writers put the JPEG-style Exif header in front of the TIFF block of eXIf.
+const QByteArray exifSignature("Exif\0\0", 6);
+
+struct Chunk {
+    qsizetype start; // offset of the length field
+    qsizetype length; // data length
+    QByteArray type;
+};
+
+// CRC-32 as PNG uses it (polynomial 0xEDB88320, reflected, initial and final XOR 0xFFFFFFFF).
+quint32 crc32(const char *data, qsizetype size)
+{
+    static const std::array<quint32, 256> table = [] {
+        std::array<quint32, 256> t {};
+        for (quint32 n = 0; n < 256; ++n) {
+            quint32 c = n;
+            for (int k = 0; k < 8; ++k)
+                c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
+            t[n] = c;
+        }
+        return t;
+    }();
+    quint32 crc = 0xFFFFFFFFu;
+    for (qsizetype i = 0; i < size; ++i)
+        crc = table[(crc ^ static_cast<quint8>(data[i])) & 0xFF] ^ (crc >> 8);
+    return crc ^ 0xFFFFFFFFu;
+}
+
+quint32 bigEndian32(const QByteArray &bytes, qsizetype at)
+{
+    quint32 value = 0;
+    for (int i = 0; i < 4; ++i)
+        value = value << 8 | static_cast<quint8>(bytes[at + i]);
+    return value;
+}
+
+QByteArray bigEndianBytes(quint32 value)
+{
+    QByteArray bytes(4, '\0');
+    for (int i = 0; i < 4; ++i)
+        bytes[i] = static_cast<char>(value >> (24 - 8 * i) & 0xFF);
+    return bytes;
+}
+
+QByteArray makeChunk(const QByteArray &type, const QByteArray &data)
+{
+    const QByteArray body = type + data;
+    return bigEndianBytes(static_cast<quint32>(data.size())) + body + bigEndianBytes(crc32(body.data(), body.size()));
+}
+
+bool hasChunk(const std::vector<Chunk> &chunks, const char *type)
+{
+    return std::any_of(chunks.begin(), chunks.end(), [&](const Chunk &c) { return c.type == type; });
+}
+
+// Every chunk up to and including IEND, CRCs checked; none when the structure is broken.
+std::optional<std::vector<Chunk>> readChunks(const QByteArray &file)
+{
+    if (!file.startsWith(pngSignature))
+        return std::nullopt;
+    std::vector<Chunk> chunks;
+    qsizetype at = pngSignature.size();
+    while (chunks.empty() || chunks.back().type != "IEND") {
+        if (at + chunkOverhead > file.size())
+            return std::nullopt;
+        const quint32 length = bigEndian32(file, at);
+        if (length > maxChunkLength || at + chunkOverhead + length > file.size())
+            return std::nullopt;
+        if (crc32(file.constData() + at + 4, 4 + length) != bigEndian32(file, at + 8 + length))
+            return std::nullopt;
+        chunks.push_back({ at, length, file.mid(at + 4, 4) });
+        at += chunkOverhead + length;
+    }
+    if (chunks.front().type != "IHDR" || !hasChunk(chunks, "IDAT"))
+        return std::nullopt;
+    return chunks;
+}
+
+// The eXIf data with the new orientation, keeping an "Exif\0\0" prefix if the file had one.
+std::optional<QByteArray> exifDataWithOrientation(const QByteArray &data, int orientation)
+{
+    const qsizetype prefix = data.startsWith(exifSignature) ? exifSignature.size() : 0;
+    const std::optional<QByteArray> tiff = tiffWithOrientation(data.mid(prefix), orientation);
+    if (!tiff)
+        return std::nullopt;
+    return data.left(prefix) + *tiff;
+}
+
+} // namespace
+
+std::optional<QByteArray> pngWithOrientation(const QByteArray &file, int orientation)
+{
+    const std::optional<std::vector<Chunk>> chunks = readChunks(file);
+    if (!chunks)
+        return std::nullopt;
+    const auto dataOf = [&](const Chunk &c) { return file.mid(c.start + 8, c.length); };
+
+    // Rebuild from the back so that earlier offsets stay valid.
+    QByteArray result = file;
+    qsizetype firstIdat = -1;
+    for (auto it = chunks->rbegin(); it != chunks->rend(); ++it) {
+        const qsizetype chunkSize = chunkOverhead + it->length;
+        if (it->type == "IDAT")
+            firstIdat = it->start;
+        if (it->type == "eXIf") {
+            const std::optional<QByteArray> data = exifDataWithOrientation(dataOf(*it), orientation);
+            if (!data)
+                return std::nullopt;
+            result.replace(it->start, chunkSize, makeChunk("eXIf", *data));
+        } else if (it->type == "orNT" && it->length == 1) {
+            result.replace(it->start, chunkSize, makeChunk("orNT", QByteArray(1, char(orientation))));
+        }
+    }
+    if (!hasChunk(*chunks, "eXIf"))
+        result.insert(firstIdat, makeChunk("eXIf", minimalTiffWithOrientation(orientation)));
+    return result;
+}
+
+} // namespace Vorel

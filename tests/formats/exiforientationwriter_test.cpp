@@ -1,0 +1,225 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Orientation rewrites of real JPEG, TIFF and PNG files, checked with exiv2 as an independent
+// reader, against the coded pixels, and byte by byte against the original.
+#include <QFile>
+#include <QtEndian>
+#include <QImageReader>
+#include <QTemporaryDir>
+
+#include <exiv2/exiv2.hpp>
+#include <gtest/gtest.h>
+
+#include "formats/exiforientationwriter.h"
+#include "formats/orientationrewriterun.h"
+#include "tests/formats/tiffblockbuilder.h"
+
+using namespace Vorel;
+
+void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << text.toStdString();
+}
+
+namespace
+{
+
+const QString data = QStringLiteral(VOREL_TEST_DATA);
+
+QByteArray readAll(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+int exiv2Orientation(const QString &path)
+{
+    auto image = Exiv2::ImageFactory::open(path.toStdString());
+    image->readMetadata();
+    const auto it = image->exifData().findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
+    return it == image->exifData().end() ? -1 : int(it->toLong());
+}
+
+QImage codedPixels(const QString &path)
+{
+    QImageReader reader(path);
+    reader.setAutoTransform(false);
+    return reader.read();
+}
+
+// The parts of a file that must survive a rewrite untouched, in order: for JPEG every segment
+// but the Exif APP1 plus everything from the first SOS on; for PNG every chunk but eXIf/orNT;
+// for TIFF the original bytes outside the header's IFD0 pointer and IFD0 itself.
+QList<QByteArray> preservedParts(const QByteArray &file)
+{
+    QList<QByteArray> parts;
+    if (file.startsWith("\xFF\xD8")) {
+        qsizetype at = 2;
+        while (static_cast<quint8>(file[at + 1]) != 0xDA) {
+            const qsizetype length = static_cast<quint8>(file[at + 2]) << 8 | static_cast<quint8>(file[at + 3]);
+            const QByteArray segment = file.mid(at, 2 + length);
+            if (!(segment.startsWith("\xFF\xE1") && segment.mid(4, 6) == QByteArray("Exif\0\0", 6)))
+                parts << segment;
+            at += 2 + length;
+        }
+        parts << file.mid(at);
+    } else if (file.startsWith("\x89PNG")) {
+        for (qsizetype at = 8; at < file.size();) {
+            const qsizetype length = qFromBigEndian<quint32>(file.constData() + at);
+            const QByteArray type = file.mid(at + 4, 4);
+            if (type != "eXIf" && type != "orNT")
+                parts << file.mid(at, 12 + length);
+            at += 12 + length;
+        }
+    }
+    return parts;
+}
+
+struct RewriteCase {
+    const char *file;
+    int maxChangedBytes; // when the tag exists the size stays and only this many bytes change; -1: tag added
+};
+
+class RealFileRewrite : public ::testing::TestWithParam<std::tuple<RewriteCase, int>>
+{
+};
+
+TEST_P(RealFileRewrite, ChangesOnlyTheOrientation)
+{
+    const auto [fileCase, orientation] = GetParam();
+    QTemporaryDir dir;
+    const QString original = data + QStringLiteral("/orientation/") + QString::fromLatin1(fileCase.file);
+    const QString path = dir.filePath(QString::fromLatin1(fileCase.file));
+    ASSERT_TRUE(QFile::copy(original, path));
+    const QByteArray before = readAll(path);
+
+    ExifOrientationWriter::rewrite(path, orientation);
+
+    const QByteArray after = readAll(path);
+    EXPECT_EQ(exiv2Orientation(path), orientation);
+    EXPECT_EQ(codedPixels(path), codedPixels(original));
+    EXPECT_EQ(preservedParts(after), preservedParts(before));
+    if (fileCase.maxChangedBytes >= 0) {
+        ASSERT_EQ(after.size(), before.size());
+        int changed = 0;
+        for (qsizetype i = 0; i < before.size(); ++i)
+            changed += before[i] != after[i];
+        EXPECT_LE(changed, fileCase.maxChangedBytes);
+    }
+    // Rewriting with the same value again changes nothing.
+    ExifOrientationWriter::rewrite(path, orientation);
+    EXPECT_EQ(readAll(path), after);
+}
+
+const RewriteCase rewriteCases[] = {
+    { "hopper.jpg", -1 }, // JFIF, no Exif at all
+    { "Landscape_3.jpg", 1 }, // the value's low byte (big-endian Exif)
+    { "Portrait_0.jpg", 1 }, // invalid value 0 in the tag
+    { "orientation_rectangle.jpg", 1 }, { "g4_orientation_1.tif", 1 }, { "g4_orientation_6.tif", 1 },
+    { "exif.png", 1 + 4 + 1 + 4 }, // eXIf after IDAT and its CRC, orNT and its CRC
+    { "xmp_tags_orientation_exiftool.png", -1 }, // no eXIf chunk
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    AllValues, RealFileRewrite, ::testing::Combine(::testing::ValuesIn(rewriteCases), ::testing::Range(1, 9)));
+
+// A 3x1 8-bit gray uncompressed TIFF without an Orientation tag, in either byte order; its
+// odd length makes the appended IFD need a padding byte.
+QByteArray untaggedTiff(bool little)
+{
+    const quint32 pixels = Test::tiffTailOffset(8);
+    return Test::tiffBlock(little,
+        { { 256, 4, 1, 3 }, { 257, 4, 1, 1 }, { 258, 3, 1, 8 }, { 259, 3, 1, 1 }, { 262, 3, 1, 1 },
+            { 273, 4, 1, pixels }, { 278, 4, 1, 1 }, { 279, 4, 1, 3 } },
+        0, QByteArray("\x10\x80\xF0", 3));
+}
+
+TEST(RealFileRewrite, TiffWithoutTagKeepsEveryOriginalByteButTheIfd0Pointer)
+{
+    for (const bool little : { true, false }) {
+        SCOPED_TRACE(little ? "little-endian" : "big-endian");
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("untagged.tif"));
+        const QByteArray tiff = untaggedTiff(little);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(tiff) == tiff.size());
+        file.close();
+        const QImage pixels = codedPixels(path);
+        ASSERT_EQ(pixels.size(), QSize(3, 1));
+
+        ExifOrientationWriter::rewrite(path, 8);
+
+        const QByteArray after = readAll(path);
+        EXPECT_EQ(exiv2Orientation(path), 8);
+        EXPECT_EQ(codedPixels(path), pixels);
+        EXPECT_EQ(after.left(4), tiff.left(4));
+        EXPECT_EQ(after.mid(8, tiff.size() - 8), tiff.mid(8));
+    }
+}
+
+struct FailureCase {
+    const char *name;
+    QByteArray content; // written to the file; empty name -> no file at all
+    const char *message;
+};
+
+TEST(RewriteFailure, ReportsTheErrorAndLeavesTheFileAlone)
+{
+    const FailureCase cases[] = {
+        { "hopper.gif", readAll(data + QStringLiteral("/other/hopper.gif")), "Unsupported format: image/gif" },
+        { "hopper.webp", readAll(data + QStringLiteral("/other/hopper.webp")), "Unsupported format: image/webp" },
+        { "hopper.bmp", readAll(data + QStringLiteral("/other/hopper.bmp")), "Unsupported format: image/bmp" },
+        { "notes.jpg", "just some text\n", "Unsupported format: text/plain" },
+        { "noise.jpg", QByteArray("\x01\x02\x03\x9a\xff\x00\x17", 7), "Could not determine file type" },
+        { "empty.jpg", QByteArray(), "Could not read the file" },
+        { "cut.jpg", readAll(data + QStringLiteral("/orientation/hopper.jpg")).left(300), "Could not read the file" },
+        { "cut.png", readAll(data + QStringLiteral("/orientation/exif.png")).left(5000), "Could not read the file" },
+    };
+    QTemporaryDir dir;
+    for (const FailureCase &c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString path = dir.filePath(QString::fromLatin1(c.name));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(c.content);
+        file.close();
+        const ProcessResult result = rewriteOrientation(path, 6);
+        EXPECT_FALSE(result.success);
+        EXPECT_EQ(result.message, QString::fromUtf8(c.message));
+        EXPECT_EQ(readAll(path), c.content);
+    }
+    const ProcessResult missing = rewriteOrientation(dir.filePath(QStringLiteral("missing.jpg")), 6);
+    EXPECT_EQ(missing.message, QStringLiteral("Could not read the file"));
+}
+
+TEST(RewriteRun, ContinuesPastAReadOnlyFileAndSummarises)
+{
+    QTemporaryDir dir;
+    const QStringList names
+        = { QStringLiteral("Landscape_1.jpg"), QStringLiteral("exif.png"), QStringLiteral("g4_orientation_2.tif") };
+    QStringList paths;
+    for (const QString &name : names) {
+        paths << dir.filePath(name);
+        ASSERT_TRUE(QFile::copy(data + QStringLiteral("/orientation/") + name, paths.last()));
+    }
+    QFile::setPermissions(paths[1], QFileDevice::ReadOwner);
+    const QByteArray readOnlyBefore = readAll(paths[1]);
+    QList<int> progress;
+
+    const QList<ProcessResult> results = rewriteOrientations(paths, 6, [&](int n) { progress << n; });
+
+    EXPECT_EQ(progress, (QList<int> { 1, 2, 3 }));
+    EXPECT_EQ(readAll(paths[1]), readOnlyBefore);
+    EXPECT_EQ(exiv2Orientation(paths[2]), 6);
+    EXPECT_EQ(summaryText(results),
+        QStringLiteral("⚠️ 2 succeeded / 1 failed\n"
+                       "✅ Landscape_1.jpg\n   → Success (Orientation → 6)\n"
+                       "❌ exif.png\n   → Could not create write destination\n"
+                       "✅ g4_orientation_2.tif\n   → Success (Orientation → 6)"));
+    QList<ProcessResult> allGood = results;
+    allGood[1] = { QStringLiteral("x.png"), true, QStringLiteral("Success (Orientation → 6)") };
+    EXPECT_TRUE(summaryText(allGood).startsWith(QStringLiteral("✅ All 3 files written successfully\n✅ ")));
+    EXPECT_EQ(progressText(0, 3), QStringLiteral("Processing 0 of 3 files"));
+}
+
+} // namespace
