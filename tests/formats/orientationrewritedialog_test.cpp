@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The orientation chooser and the run dialog: texts, the accessory's value, and a run over
+// three files with one failure, driven through the real worker thread.
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "formats/exiforientationpanel.h"
+#include "formats/orientationrewritedialog.h"
+#include "formats/panelaccessoryview.h"
+
+using namespace Vorel;
+
+class OrientationRewriteDialogTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void chooserIsConfigured()
+    {
+        PanelAccessoryView *accessory = nullptr;
+        std::unique_ptr<QFileDialog> chooser(ExifOrientationPanel::createChooser(nullptr, &accessory));
+        QCOMPARE(chooser->windowTitle(), QStringLiteral("Exif Orientation Rewrite"));
+        QCOMPARE(chooser->labelText(QFileDialog::Accept), QStringLiteral("Rewrite Exif"));
+        QCOMPARE(chooser->fileMode(), QFileDialog::ExistingFiles);
+        QVERIFY(chooser->isAncestorOf(accessory));
+        const QString filters = chooser->nameFilters().join(QLatin1Char(' '));
+        for (const char *pattern : { "*.jpg", "*.png", "*.tif", "*.heic" })
+            QVERIFY2(filters.contains(QLatin1String(pattern)), pattern);
+    }
+
+    void accessoryFollowsThePopup()
+    {
+        PanelAccessoryView accessory;
+        QCOMPARE(accessory.popup()->count(), 8);
+        QCOMPARE(accessory.popup()->itemText(5), QStringLiteral("6 - Rotate 90° clockwise"));
+        for (int index : { 5, 7, 0 }) {
+            accessory.popup()->setCurrentIndex(index);
+            QCOMPARE(accessory.selectedOrientationValue(), index + 1);
+        }
+    }
+
+    void runReportsProgressAndSummary()
+    {
+        QTemporaryDir dir;
+        const QString data = QStringLiteral(VOREL_TEST_DATA);
+        const QStringList sources = { data + QStringLiteral("/orientation/hopper.jpg"),
+            data + QStringLiteral("/other/hopper.gif"), data + QStringLiteral("/orientation/g4_orientation_1.tif") };
+        QStringList paths;
+        for (const QString &source : sources) {
+            paths << dir.filePath(QFileInfo(source).fileName());
+            QVERIFY(QFile::copy(source, paths.last()));
+        }
+        OrientationRewriteDialog dialog(paths, 6);
+        QCOMPARE(dialog.progress(), QStringLiteral("Processing 0 of 3 files"));
+        QSignalSpy finished(&dialog, &OrientationRewriteDialog::rewriteFinished);
+        dialog.show();
+        dialog.start();
+        dialog.reject(); // ignored while the worker runs
+        QVERIFY(finished.wait(30000));
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.progress(), QStringLiteral("Processing 3 of 3 files"));
+        QCOMPARE(dialog.summary(),
+            QStringLiteral("⚠️ 2 succeeded / 1 failed\n"
+                           "✅ hopper.jpg\n   → Success (Orientation → 6)\n"
+                           "❌ hopper.gif\n   → Unsupported format: image/gif\n"
+                           "✅ g4_orientation_1.tif\n   → Success (Orientation → 6)"));
+        dialog.reject();
+        QVERIFY(!dialog.isVisible());
+    }
+};
+
+QTEST_MAIN(OrientationRewriteDialogTest)
+#include "orientationrewritedialog_test.moc"
