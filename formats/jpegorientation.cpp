@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/jpegorientation.h"
 
+#include <vector>
+
+#include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
 namespace Vorel
@@ -20,6 +23,7 @@ constexpr quint8 markerApp0 = 0xE0;
 constexpr quint8 markerApp1 = 0xE1;
 constexpr qsizetype maxSegmentLength = 0xFFFF;
 const QByteArray exifSignature("Exif\0\0", 6);
+const QByteArray xmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
 
 struct Segment {
     qsizetype start = -1; // offset of the FF of the marker
@@ -28,8 +32,14 @@ struct Segment {
 
 struct Layout {
     Segment exif; // the first Exif APP1, start -1 when absent
+    std::vector<Segment> xmp; // XMP APP1 segments
     qsizetype insertAt = 2; // where a new Exif segment goes: after SOI and any leading APP0
 };
+
+bool hasSignature(const QByteArray &file, qsizetype at, qsizetype length, const QByteArray &signature)
+{
+    return length - 2 >= signature.size() && file.mid(at + 4, signature.size()) == signature;
+}
 
 quint8 byteAt(const QByteArray &file, qsizetype at)
 {
@@ -70,9 +80,10 @@ std::optional<Layout> readLayout(const QByteArray &file)
         leadingApp0 = leadingApp0 && marker == markerApp0;
         if (leadingApp0)
             layout.insertAt = at + 2 + length;
-        if (marker == markerApp1 && layout.exif.start < 0 && length - 2 >= exifSignature.size()
-            && file.mid(at + 4, exifSignature.size()) == exifSignature)
+        if (marker == markerApp1 && layout.exif.start < 0 && hasSignature(file, at, length, exifSignature))
             layout.exif = { at, length };
+        if (marker == markerApp1 && hasSignature(file, at, length, xmpSignature))
+            layout.xmp.push_back({ at, length });
         at += 2 + length;
     }
     return std::nullopt;
@@ -113,6 +124,10 @@ std::optional<QByteArray> jpegWithOrientation(const QByteArray &file, int orient
     if (segment.size() - 2 > maxSegmentLength)
         return std::nullopt;
     QByteArray result = file;
+    for (const Segment &xmp : layout->xmp) { // same length, so the Exif offsets stay valid
+        const qsizetype payload = xmp.start + 4;
+        result.replace(payload, xmp.length - 2, xmpWithOrientation(file.mid(payload, xmp.length - 2), orientation));
+    }
     return result.replace(replaceFrom, replaceLength, segment);
 }
 

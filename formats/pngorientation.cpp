@@ -6,6 +6,7 @@
 #include <array>
 #include <vector>
 
+#include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
 namespace Vorel
@@ -107,6 +108,24 @@ std::optional<QByteArray> exifDataWithOrientation(const QByteArray &data, int or
     return data.left(prefix) + *tiff;
 }
 
+// A text chunk with the orientation copies it may carry updated: ImageMagick's raw Exif
+// profile in tEXt, an uncompressed XMP packet in iTXt.
+QByteArray textWithOrientation(const QByteArray &type, const QByteArray &data, int orientation)
+{
+    const qsizetype keywordEnd = data.indexOf('\0');
+    const QByteArray keyword = data.left(keywordEnd);
+    if (type == "tEXt" && keyword == "Raw profile type exif")
+        return data.left(keywordEnd + 1) + rawExifProfileWithOrientation(data.mid(keywordEnd + 1), orientation);
+    // iTXt: keyword \0 compression-flag method language \0 translated-keyword \0 text
+    if (type != "iTXt" || keyword != "XML:com.adobe.xmp" || data.mid(keywordEnd + 1, 1) != QByteArray(1, '\0'))
+        return data;
+    const qsizetype languageEnd = data.indexOf('\0', keywordEnd + 3);
+    const qsizetype textStart = languageEnd < 0 ? -1 : data.indexOf('\0', languageEnd + 1) + 1;
+    if (textStart <= 0)
+        return data;
+    return data.left(textStart) + xmpWithOrientation(data.mid(textStart), orientation);
+}
+
 } // namespace
 
 std::optional<QByteArray> pngWithOrientation(const QByteArray &file, int orientation)
@@ -130,6 +149,9 @@ std::optional<QByteArray> pngWithOrientation(const QByteArray &file, int orienta
             result.replace(it->start, chunkSize, makeChunk("eXIf", *data));
         } else if (it->type == "orNT" && it->length == 1) {
             result.replace(it->start, chunkSize, makeChunk("orNT", QByteArray(1, char(orientation))));
+        } else if (it->type == "tEXt" || it->type == "iTXt") {
+            result.replace(
+                it->start, chunkSize, makeChunk(it->type, textWithOrientation(it->type, dataOf(*it), orientation)));
         }
     }
     if (!hasChunk(*chunks, "eXIf"))

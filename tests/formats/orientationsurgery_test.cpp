@@ -7,6 +7,7 @@
 
 #include "formats/jpegorientation.h"
 #include "formats/pngorientation.h"
+#include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 #include "tests/formats/tiffblockbuilder.h"
 
@@ -240,6 +241,50 @@ TEST(PngOrientation, RefusesBrokenChunks)
     for (const MalformedCase &c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_FALSE(pngWithOrientation(c.block, 2));
+    }
+}
+
+struct TextCase {
+    const char *name;
+    QByteArray before;
+    QByteArray after; // with orientation 6
+};
+
+TEST(TextOrientation, XmpValuesChangeInPlace)
+{
+    const TextCase cases[] = {
+        { "attribute", "<d tiff:Orientation=\"3\" tiff:Make=\"x\"/>", "<d tiff:Orientation=\"6\" tiff:Make=\"x\"/>" },
+        { "single quotes", "tiff:Orientation='1'", "tiff:Orientation='6'" },
+        { "element, twice", "<tiff:Orientation>8</tiff:Orientation><tiff:Orientation>2</tiff:Orientation>",
+            "<tiff:Orientation>6</tiff:Orientation><tiff:Orientation>6</tiff:Orientation>" },
+        { "two digits kept", "tiff:Orientation=\"10\"", "tiff:Orientation=\"10\"" },
+        { "other property", "tiff:OrientationX=\"3\" tiff:Orientation", "tiff:OrientationX=\"3\" tiff:Orientation" },
+        { "at the very end", "tiff:Orientation=\"3", "tiff:Orientation=\"3" },
+    };
+    for (const TextCase &c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(xmpWithOrientation(c.before, 6), c.after);
+    }
+}
+
+TEST(TextOrientation, RawExifProfileChangesInPlace)
+{
+    const QByteArray head("\nexif\n      32\n");
+    const QByteArray tagged("4578696600004d4d002a00000008000101120003000000010003000000000000\n");
+    const QByteArray untagged("4578696600004d4d002a00000008000101310003000000010003000000000000\n");
+    const TextCase cases[] = {
+        { "lower case", head + tagged, head + QByteArray(tagged).replace("00030000000000", "00060000000000") },
+        { "upper case", head + tagged.toUpper(), head + tagged.toUpper().replace("00030000000000", "00060000000000") },
+        { "wrapped lines", head + tagged.left(20) + "\n" + tagged.mid(20),
+            head + tagged.left(20) + "\n" + QByteArray(tagged.mid(20)).replace("00030000000000", "00060000000000") },
+        { "no tag: would have to grow", head + untagged, head + untagged },
+        { "odd digit count", head + tagged.left(11), head + tagged.left(11) },
+        { "not hex", head + "zz" + tagged, head + "zz" + tagged },
+        { "no header", tagged, tagged },
+    };
+    for (const TextCase &c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(rawExifProfileWithOrientation(c.before, 6), c.after);
     }
 }
 
