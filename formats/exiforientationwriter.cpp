@@ -10,6 +10,7 @@
 #include <QMimeDatabase>
 #include <QSaveFile>
 
+#include "formats/heiforientation.h"
 #include "formats/jpegorientation.h"
 #include "formats/pngorientation.h"
 #include "formats/tifforientation.h"
@@ -42,6 +43,8 @@ std::optional<QByteArray> withOrientation(const QByteArray &bytes, const QString
         return pngWithOrientation(bytes, orientation);
     if (mimeType == QLatin1String("image/tiff"))
         return tiffWithOrientation(bytes, orientation);
+    if (mimeType == QLatin1String("image/heic") || mimeType == QLatin1String("image/heif"))
+        return heifWithOrientation(bytes, orientation);
     throw WriterError(WriterError::unsupportedFormat, mimeType);
 }
 

@@ -38,7 +38,7 @@ TEST(OrientationCli, EveryValueReadsBackInExiftool)
     const QStringList sources = { QStringLiteral("orientation/hopper.jpg"),
         QStringLiteral("orientation/Landscape_5.jpg"), QStringLiteral("orientation/g4_orientation_3.tif"),
         QStringLiteral("orientation/exif.png"), QStringLiteral("orientation/xmp_tags_orientation_exiftool.png"),
-        QStringLiteral("orientation/exif_imagemagick_orientation.png") };
+        QStringLiteral("orientation/exif_imagemagick_orientation.png"), QStringLiteral("heic/iphone_13_pro_max.heic") };
     QTemporaryDir dir;
     for (int value = 1; value <= 8; ++value) {
         QStringList paths;
@@ -48,7 +48,7 @@ TEST(OrientationCli, EveryValueReadsBackInExiftool)
         }
         const CliRun run = runCli(QStringList { QString::number(value) } + paths);
         EXPECT_EQ(run.exitCode, 0) << run.out.toStdString();
-        EXPECT_TRUE(run.out.startsWith(QStringLiteral("✅ All 6 files written successfully\n")));
+        EXPECT_TRUE(run.out.startsWith(QStringLiteral("✅ All 7 files written successfully\n")));
     }
 
     QProcess exiftool;
