@@ -5,13 +5,13 @@
 // not change. Small files are encoded here with and without existing transforms.
 #include <QFile>
 #include <QImage>
-#include <QTransform>
 
 #include <gtest/gtest.h>
 #include <libheif/heif.h>
 
 #include "formats/heifboxes.h"
 #include "formats/heiforientation.h"
+#include "tests/formats/exiforientedimage.h"
 
 using namespace Vorel;
 
@@ -90,15 +90,6 @@ QImage decodedPrimary(const QByteArray &file, bool transformed)
     return result;
 }
 
-// What EXIF orientation `o` shows for coded pixels, built from Qt's own geometry.
-QImage exifOriented(const QImage &coded, int o)
-{
-    const QImage mirrored = (o == 2 || o == 5 || o == 7) ? coded.mirrored(true, false) : coded;
-    const int degrees[] = { 0, 0, 180, 0, 270, 90, 90, 270 };
-    const QImage turned = mirrored.transformed(QTransform().rotate(degrees[o - 1]));
-    return o == 4 ? turned.mirrored(false, true) : turned;
-}
-
 QByteArray mediaData(const QByteArray &file)
 {
     for (const Heif::BoxSpan &box : Heif::readBoxes(file, 0, file.size()))
@@ -122,7 +113,7 @@ TEST_P(HeifRewrite, ShowsTheCodedPixelsInTheChosenOrientation)
 
     ASSERT_TRUE(after);
     EXPECT_EQ(decodedPrimary(*after, false), coded);
-    EXPECT_EQ(decodedPrimary(*after, true), exifOriented(coded, orientation));
+    EXPECT_EQ(decodedPrimary(*after, true), Vorel::Test::exifOriented(coded, orientation));
     EXPECT_EQ(mediaData(*after), mediaData(before));
     EXPECT_EQ(heifWithOrientation(*after, orientation), after); // a second rewrite changes nothing
 }

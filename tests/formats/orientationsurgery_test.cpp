@@ -131,33 +131,6 @@ const QByteArray scan = segment(0xDA, QByteArray(10, '\x01')) + QByteArray("\x12
 const QByteArray app0 = segment(0xE0, QByteArray("JFIF\0\x01\x01\0\0\x01\0\x01\0\0", 14));
 const QByteArray dqt = segment(0xDB, QByteArray(65, '\x02'));
 
-TEST(JpegOrientation, InsertsOrEditsTheExifSegment)
-{
-    const QByteArray soi("\xFF\xD8", 2);
-    const QByteArray tagged = tiffBlock(false, { { 274, 3, 1, 1 } });
-    struct Case {
-        const char *name;
-        QByteArray file;
-        QByteArray expected; // with orientation 6
-    } cases[] = {
-        { "after JFIF", soi + app0 + dqt + scan,
-            soi + app0 + segment(0xE1, exifHeader + minimalTiffWithOrientation(6)) + dqt + scan },
-        { "right after SOI", soi + dqt + scan,
-            soi + segment(0xE1, exifHeader + minimalTiffWithOrientation(6)) + dqt + scan },
-        { "existing", soi + segment(0xE1, exifHeader + tagged) + dqt + scan,
-            soi + segment(0xE1, exifHeader + *tiffWithOrientation(tagged, 6)) + dqt + scan },
-        { "fill bytes", soi + "\xFF" + dqt + scan,
-            soi + segment(0xE1, exifHeader + minimalTiffWithOrientation(6)) + "\xFF" + dqt + scan },
-        { "XMP APP1 is not Exif", soi + segment(0xE1, "http://ns.adobe.com/xap/1.0/") + scan,
-            soi + segment(0xE1, exifHeader + minimalTiffWithOrientation(6))
-                + segment(0xE1, "http://ns.adobe.com/xap/1.0/") + scan },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(jpegWithOrientation(c.file, 6), c.expected);
-    }
-}
-
 TEST(JpegOrientation, RefusesMalformedFiles)
 {
     const QByteArray soi("\xFF\xD8", 2);
@@ -200,30 +173,6 @@ const QByteArray pngSignature("\x89PNG\r\n\x1a\n", 8);
 const QByteArray ihdr = chunk("IHDR", QByteArray("\0\0\0\x01\0\0\0\x01\x08\0\0\0\0", 13));
 const QByteArray idat = chunk("IDAT", QByteArray("\x78\x9c\x63\x60\x00\x00\x00\x02\x00\x01", 10));
 const QByteArray iend = chunk("IEND", {});
-
-TEST(PngOrientation, InsertsOrEditsTheExifChunk)
-{
-    const QByteArray tagged = tiffBlock(true, { { 274, 3, 1, 1 } });
-    struct Case {
-        const char *name;
-        QByteArray file;
-        QByteArray expected; // with orientation 7
-    } cases[] = {
-        { "inserted before IDAT", pngSignature + ihdr + idat + idat + iend,
-            pngSignature + ihdr + chunk("eXIf", minimalTiffWithOrientation(7)) + idat + idat + iend },
-        { "edited after IDAT", pngSignature + ihdr + idat + chunk("eXIf", tagged) + iend,
-            pngSignature + ihdr + idat + chunk("eXIf", *tiffWithOrientation(tagged, 7)) + iend },
-        { "Exif prefix kept", pngSignature + ihdr + chunk("eXIf", exifHeader + tagged) + idat + iend,
-            pngSignature + ihdr + chunk("eXIf", exifHeader + *tiffWithOrientation(tagged, 7)) + idat + iend },
-        { "orNT follows", pngSignature + ihdr + chunk("orNT", "\x03") + idat + iend + "trailing",
-            pngSignature + ihdr + chunk("orNT", "\x07") + chunk("eXIf", minimalTiffWithOrientation(7)) + idat + iend
-                + "trailing" },
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(pngWithOrientation(c.file, 7), c.expected);
-    }
-}
 
 TEST(PngOrientation, RefusesBrokenChunks)
 {
