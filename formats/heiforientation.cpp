@@ -166,6 +166,9 @@ QByteArray iprpWithOrientation(
         } else if (child.type == "ipma") {
             PropertyAssociations associations = readPropertyAssociations(bytes, child);
             for (auto &[id, list] : associations.entries) {
+                // An index past the last property would silently come to mean an appended one.
+                for (const PropertyAssociation &a : list)
+                    require(a.index <= properties.size());
                 if (!items.count(id))
                     continue;
                 list.erase(std::remove_if(list.begin(), list.end(), isTransform), list.end());

@@ -165,6 +165,7 @@ TEST(HeifRewrite, RefusesMalformedBoxes)
         { "box smaller than its header", patched(metaAt, QByteArray("\0\0\0\x04", 4)) },
         { "ipma entry count too high", patched(ipmaAt + 12, QByteArray("\0\0\x10\0", 4)) },
         { "property of size 0", patched(good.indexOf("hvcC") - 4, QByteArray(4, '\0')) },
+        { "association past the last property", patched(ipmaAt + 19, QByteArray("\x89", 1)) },
         { "iloc field size 3", patched(ilocAt + 12, QByteArray("\x33", 1)) },
         { "iloc version 7", patched(ilocAt + 8, QByteArray("\x07", 1)) },
         { "no meta", good.left(metaAt) },
