@@ -11,8 +11,7 @@
 #include "cli/convertoptions.h"
 #include "cli/orientationcommand.h"
 
-namespace
-{
+namespace {
 
 constexpr int exitFailure = 1;
 constexpr int exitUsage = 2;
@@ -56,8 +55,8 @@ int main(int argc, char *argv[])
         printUsage();
         return exitUsage;
     } catch (const Vorel::UsageError &error) {
-        const QString usage
-            = command == QLatin1String("orientation") ? Vorel::orientationUsage() : Vorel::convertUsage();
+        const QString usage =
+            command == QLatin1String("orientation") ? Vorel::orientationUsage() : Vorel::convertUsage();
         std::cerr << "vorel-cli: " << error.message.toStdString() << "\n\n" << usage.toStdString();
         return exitUsage;
     } catch (const Vorel::ConvertError &error) {

@@ -8,18 +8,17 @@
 #include "cli/convertoptions.h"
 #include "formats/orientationrewriterun.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
 OrientationRequest parseOrientationArguments(const QStringList &arguments)
 {
     if (arguments.size() < 2)
-        throw UsageError { QStringLiteral("orientation expects a VALUE and at least one FILE") };
+        throw UsageError {QStringLiteral("orientation expects a VALUE and at least one FILE")};
     bool ok = false;
     const int value = arguments.first().toInt(&ok);
     if (!ok || value < 1 || value > int(orientationLabels.size()))
-        throw UsageError { QStringLiteral("orientation VALUE must be 1..8, not \"%1\"").arg(arguments.first()) };
-    return { value, arguments.mid(1) };
+        throw UsageError {QStringLiteral("orientation VALUE must be 1..8, not \"%1\"").arg(arguments.first())};
+    return {value, arguments.mid(1)};
 }
 
 bool runOrientation(const OrientationRequest &request)

@@ -7,8 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace Vorel
-{
+namespace Vorel {
 
 struct OrientationRequest {
     int orientation = 1;

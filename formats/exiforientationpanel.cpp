@@ -9,11 +9,9 @@
 #include "formats/orientationrewritedialog.h"
 #include "formats/panelaccessoryview.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 QString tr(const char *text)
 {
@@ -30,8 +28,8 @@ QFileDialog *ExifOrientationPanel::createChooser(QWidget *parent, PanelAccessory
     chooser->setFileMode(QFileDialog::ExistingFiles);
     chooser->setAcceptMode(QFileDialog::AcceptOpen);
     chooser->setLabelText(QFileDialog::Accept, tr("Rewrite Exif"));
-    chooser->setNameFilters({ tr("Images (*.jpg *.jpeg *.png *.tif *.tiff *.heic *.heif)"), tr("JPEG (*.jpg *.jpeg)"),
-        tr("PNG (*.png)"), tr("TIFF (*.tif *.tiff)"), tr("HEIC (*.heic *.heif)") });
+    chooser->setNameFilters({tr("Images (*.jpg *.jpeg *.png *.tif *.tiff *.heic *.heif)"), tr("JPEG (*.jpg *.jpeg)"),
+        tr("PNG (*.png)"), tr("TIFF (*.tif *.tiff)"), tr("HEIC (*.heic *.heif)")});
     *accessory = new PanelAccessoryView(chooser);
     if (auto *grid = qobject_cast<QGridLayout *>(chooser->layout()))
         grid->addWidget(*accessory, grid->rowCount(), 0, 1, grid->columnCount());

@@ -7,13 +7,11 @@
 class QFileDialog;
 class QWidget;
 
-namespace Vorel
-{
+namespace Vorel {
 
 class PanelAccessoryView;
 
-class ExifOrientationPanel
-{
+class ExifOrientationPanel {
 public:
     // Opens the chooser (window-modal on `parent`) and, on confirmation, the run.
     static void show(QWidget *parent);

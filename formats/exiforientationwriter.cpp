@@ -15,11 +15,9 @@
 #include "formats/pngorientation.h"
 #include "formats/tifforientation.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 using WriterError = ExifOrientationWriter::WriterError;
 

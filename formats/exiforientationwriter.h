@@ -8,14 +8,11 @@
 
 #include <QString>
 
-namespace Vorel
-{
+namespace Vorel {
 
-class ExifOrientationWriter
-{
+class ExifOrientationWriter {
 public:
-    class WriterError
-    {
+    class WriterError {
     public:
         enum Case { unsupportedFormat, cannotReadFile, unknownFileType, cannotCreateDestination, finalizeFailed };
 

@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/heifboxes.h"
 
-namespace Vorel::Heif
-{
+namespace Vorel::Heif {
 
-namespace
-{
+namespace {
 
 constexpr qsizetype fullBoxHeader = 4; // u8 version, u24 flags
 constexpr qsizetype userTypeSize = 16;
@@ -69,7 +67,7 @@ std::vector<BoxSpan> readBoxes(const QByteArray &bytes, qsizetype from, qsizetyp
         if (type == "uuid")
             cursor.readBytes(userTypeSize);
         require(size >= quint64(cursor.position() - at) && size <= quint64(to - at));
-        boxes.push_back({ type, at, cursor.position(), at + qsizetype(size) });
+        boxes.push_back({type, at, cursor.position(), at + qsizetype(size)});
         at += qsizetype(size);
     }
     return boxes;
@@ -107,7 +105,7 @@ std::map<quint32, ItemInfo> readItemInfos(const QByteArray &bytes, const BoxSpan
             continue;
         const auto id = quint32(entry.read(infeVersion == 2 ? 2 : 4));
         entry.read(2); // protection index
-        ItemInfo info { entry.readBytes(4), {} };
+        ItemInfo info {entry.readBytes(4), {}};
         entry.readString(); // item name
         if (info.type == "mime")
             info.contentType = entry.readString();
@@ -124,7 +122,7 @@ std::vector<ItemReference> readItemReferences(const QByteArray &bytes, const Box
     std::vector<ItemReference> references;
     for (const BoxSpan &box : readBoxes(bytes, cursor.position(), iref.end)) {
         Cursor reference(bytes, box.payload, box.end);
-        ItemReference item { box.type, quint32(reference.read(idSize)), {} };
+        ItemReference item {box.type, quint32(reference.read(idSize)), {}};
         for (auto count = reference.read(2); count > 0; --count)
             item.to.push_back(quint32(reference.read(idSize)));
         references.push_back(item);
@@ -141,9 +139,9 @@ ItemLocations readItemLocations(const QByteArray &bytes, const BoxSpan &iloc)
     const auto sizes = cursor.read(2);
     const int offsetSize = int(sizes >> 12), lengthSize = int(sizes >> 8 & 0xF);
     const int baseOffsetSize = int(sizes >> 4 & 0xF), indexSize = version == 0 ? 0 : int(sizes & 0xF);
-    for (const int size : { offsetSize, lengthSize, baseOffsetSize, indexSize })
+    for (const int size : {offsetSize, lengthSize, baseOffsetSize, indexSize})
         require(size == 0 || size == 4 || size == 8);
-    ItemLocations locations { offsetSize, baseOffsetSize, {} };
+    ItemLocations locations {offsetSize, baseOffsetSize, {}};
     for (auto count = cursor.read(version < 2 ? 2 : 4); count > 0; --count) {
         ItemLocation item {};
         item.itemId = quint32(cursor.read(version < 2 ? 2 : 4));
@@ -158,7 +156,7 @@ ItemLocations readItemLocations(const QByteArray &bytes, const BoxSpan &iloc)
             cursor.read(indexSize);
             const qsizetype field = cursor.position();
             const quint64 offset = cursor.read(offsetSize);
-            item.extents.push_back({ offset, cursor.read(lengthSize), field });
+            item.extents.push_back({offset, cursor.read(lengthSize), field});
         }
         locations.items.push_back(item);
     }
@@ -168,7 +166,7 @@ ItemLocations readItemLocations(const QByteArray &bytes, const BoxSpan &iloc)
 PropertyAssociations readPropertyAssociations(const QByteArray &bytes, const BoxSpan &ipma)
 {
     Cursor cursor(bytes, ipma.payload, ipma.end);
-    PropertyAssociations result { quint8(cursor.read(1)), quint32(cursor.read(3)), {} };
+    PropertyAssociations result {quint8(cursor.read(1)), quint32(cursor.read(3)), {}};
     const bool wideIndex = result.flags & 1;
     for (auto count = cursor.read(4); count > 0; --count) {
         const auto id = quint32(cursor.read(result.version < 1 ? 2 : 4));
@@ -176,7 +174,7 @@ PropertyAssociations readPropertyAssociations(const QByteArray &bytes, const Box
         for (auto n = cursor.read(1); n > 0; --n) {
             const auto value = cursor.read(wideIndex ? 2 : 1);
             const int indexBits = wideIndex ? 15 : 7;
-            list.push_back({ bool(value >> indexBits), quint16(value & ((1u << indexBits) - 1)) });
+            list.push_back({bool(value >> indexBits), quint16(value & ((1u << indexBits) - 1))});
         }
         result.entries.emplace_back(id, list);
     }

@@ -10,11 +10,9 @@
 
 #include <QByteArray>
 
-namespace Vorel::Heif
-{
+namespace Vorel::Heif {
 
-struct MalformedBoxes {
-};
+struct MalformedBoxes { };
 
 // Box layout: u32 size | 4cc type | [u64 size when size == 1] | [16-byte user type for 'uuid'];
 // size 0 means "to the end of the file" (top level only). FullBoxes add u8 version | u24 flags.
@@ -32,8 +30,7 @@ const BoxSpan *findBox(const std::vector<BoxSpan> &boxes, const char *type);
 const BoxSpan &requireBox(const std::vector<BoxSpan> &boxes, const char *type);
 
 // Big-endian reads inside [at, end) of a byte array.
-class Cursor
-{
+class Cursor {
 public:
     Cursor(const QByteArray &bytes, qsizetype at, qsizetype end);
     quint64 read(int width); // width 0 reads nothing and gives 0

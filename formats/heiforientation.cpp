@@ -10,30 +10,19 @@
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 using namespace Heif;
 
-// EXIF orientation -> irot/imir, rotation applied first, as HEIF readers apply them in the
-// order of the item's associations. In EXIF terms (display from coded pixels):
-//   2 flip left-right          imir 1        5 transpose    irot 3 (90° clockwise), imir 1
-//   3 rotate 180°              irot 2        6 90° clockwise  irot 3
-//   4 flip top-bottom          imir 0        7 transverse   irot 3, imir 0
-//                                            8 90° anticlockwise  irot 1
-constexpr std::array<HeifTransform, 8> transforms = { {
-    { 0, -1 },
-    { 0, 1 },
-    { 2, -1 },
-    { 0, 0 },
-    { 3, 1 },
-    { 3, -1 },
-    { 3, 0 },
-    { 1, -1 },
-} };
+// EXIF orientation -> irot/imir (display from coded pixels), rotation applied first, as HEIF
+// readers apply the properties in the order of the item's associations:
+//   1 as coded          -           5 transpose           irot 3 (90° clockwise), imir 1
+//   2 flip left-right   imir 1      6 90° clockwise       irot 3
+//   3 rotate 180°       irot 2      7 transverse          irot 3, imir 0
+//   4 flip top-bottom   imir 0      8 90° anticlockwise   irot 1
+constexpr std::array<HeifTransform, 8> transforms = {{{0, -1}, {0, 1}, {2, -1}, {0, 0}, {3, 1}, {3, -1}, {3, 0}, {1, -1}}};
 
 const QByteArray xmpContentType("application/rdf+xml");
 
@@ -63,7 +52,7 @@ std::optional<ByteRange> itemRange(const ItemLocation &item, qsizetype fileSize,
     const quint64 start = item.baseOffset + extent.offset;
     const quint64 length = extent.length == 0 ? room - start : extent.length;
     require(length <= room - start);
-    return ByteRange { origin + qsizetype(start), qsizetype(length) };
+    return ByteRange {origin + qsizetype(start), qsizetype(length)};
 }
 
 // An Exif item is a u32 offset to the TIFF header, then the Exif data. The tag is changed in
@@ -82,7 +71,7 @@ QByteArray exifItemWithOrientation(const QByteArray &item, int orientation)
 // The primary image and the thumbnails of it: the items whose orientation is set.
 std::set<quint32> orientedItems(quint32 primary, const std::vector<ItemReference> &references)
 {
-    std::set<quint32> items { primary };
+    std::set<quint32> items {primary};
     for (const ItemReference &r : references)
         if (r.type == "thmb" && std::find(r.to.begin(), r.to.end(), primary) != r.to.end())
             items.insert(r.from);
@@ -150,9 +139,9 @@ QByteArray iprpWithOrientation(
     const HeifTransform transform = heifTransformForOrientation(orientation);
     std::vector<PropertyAssociation> added;
     if (transform.anticlockwiseQuarterTurns != 0)
-        added.push_back({ true, propertyIndex("irot", transform.anticlockwiseQuarterTurns) });
+        added.push_back({true, propertyIndex("irot", transform.anticlockwiseQuarterTurns)});
     if (transform.mirrorAxis >= 0)
-        added.push_back({ true, propertyIndex("imir", transform.mirrorAxis) });
+        added.push_back({true, propertyIndex("imir", transform.mirrorAxis)});
     const auto isTransform = [&](const PropertyAssociation &a) {
         return a.index >= 1 && a.index <= properties.size()
             && (properties[a.index - 1].type == "irot" || properties[a.index - 1].type == "imir");

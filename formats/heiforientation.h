@@ -9,8 +9,7 @@
 
 #include <QByteArray>
 
-namespace Vorel
-{
+namespace Vorel {
 
 // The irot/imir pair that shows coded pixels the way EXIF orientation 1..8 does.
 // Applied in this order: rotate, then mirror.

@@ -7,11 +7,9 @@
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 // A JPEG is SOI, then marker segments (FF, marker, u16 big-endian length that counts itself,
 // payload) up to the first SOS, after which the entropy-coded data follows. Exif lives in
@@ -81,9 +79,9 @@ std::optional<Layout> readLayout(const QByteArray &file)
         if (leadingApp0)
             layout.insertAt = at + 2 + length;
         if (marker == markerApp1 && layout.exif.start < 0 && hasSignature(file, at, length, exifSignature))
-            layout.exif = { at, length };
+            layout.exif = {at, length};
         if (marker == markerApp1 && hasSignature(file, at, length, xmpSignature))
-            layout.xmp.push_back({ at, length });
+            layout.xmp.push_back({at, length});
         at += 2 + length;
     }
     return std::nullopt;

@@ -8,8 +8,7 @@
 
 #include <QByteArray>
 
-namespace Vorel
-{
+namespace Vorel {
 
 // The file with the Orientation of its first Exif segment set to `orientation`. Without an
 // Exif segment, one holding only the tag is inserted after SOI (and after a JFIF APP0).

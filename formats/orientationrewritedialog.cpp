@@ -10,8 +10,7 @@
 #include <QVBoxLayout>
 #include <QtConcurrent>
 
-namespace Vorel
-{
+namespace Vorel {
 
 OrientationRewriteDialog::OrientationRewriteDialog(const QStringList &paths, int orientation, QWidget *parent)
     : QDialog(parent)

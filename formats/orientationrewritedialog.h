@@ -15,11 +15,9 @@ class QDialogButtonBox;
 class QLabel;
 class QPlainTextEdit;
 
-namespace Vorel
-{
+namespace Vorel {
 
-class OrientationRewriteDialog : public QDialog
-{
+class OrientationRewriteDialog : public QDialog {
     Q_OBJECT
 public:
     OrientationRewriteDialog(const QStringList &paths, int orientation, QWidget *parent = nullptr);

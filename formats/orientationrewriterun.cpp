@@ -9,11 +9,9 @@
 
 #include "formats/exiforientationwriter.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 QString tr(const char *text)
 {
@@ -24,7 +22,7 @@ QString tr(const char *text)
 
 ProcessResult rewriteOrientation(const QString &path, int orientation)
 {
-    ProcessResult result { QFileInfo(path).fileName(), false, {} };
+    ProcessResult result {QFileInfo(path).fileName(), false, {}};
     try {
         ExifOrientationWriter::rewrite(path, orientation);
         result.success = true;

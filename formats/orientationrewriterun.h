@@ -11,8 +11,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace Vorel
-{
+namespace Vorel {
 
 // The EXIF orientation values in menu order; value = position + 1.
 inline constexpr std::array<const char *, 8> orientationLabels = {

@@ -8,11 +8,9 @@
 
 #include "formats/orientationrewriterun.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 // The chooser is opened to fix pictures that load rotated; the most common fix is
 // "6 - Rotate 90° clockwise", but starting from the neutral value makes no silent assumption.

@@ -8,11 +8,9 @@
 
 class QComboBox;
 
-namespace Vorel
-{
+namespace Vorel {
 
-class PanelAccessoryView : public QWidget
-{
+class PanelAccessoryView : public QWidget {
     Q_OBJECT
 public:
     explicit PanelAccessoryView(QWidget *parent = nullptr);

@@ -9,11 +9,9 @@
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 // A PNG is an 8-byte signature and chunks: u32 big-endian data length | 4-byte type | data |
 // u32 CRC-32 of type and data. IHDR comes first, IEND last.
@@ -90,7 +88,7 @@ std::optional<std::vector<Chunk>> readChunks(const QByteArray &file)
             return std::nullopt;
         if (crc32(file.constData() + at + 4, 4 + length) != bigEndian32(file, at + 8 + length))
             return std::nullopt;
-        chunks.push_back({ at, length, file.mid(at + 4, 4) });
+        chunks.push_back({at, length, file.mid(at + 4, 4)});
         at += chunkOverhead + length;
     }
     if (chunks.front().type != "IHDR" || !hasChunk(chunks, "IDAT"))

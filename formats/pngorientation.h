@@ -8,8 +8,7 @@
 
 #include <QByteArray>
 
-namespace Vorel
-{
+namespace Vorel {
 
 // The file with the Orientation in its eXIf chunk set to `orientation`; without an eXIf
 // chunk, one holding only the tag is inserted before the first IDAT. None when the chunk

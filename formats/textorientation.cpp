@@ -6,11 +6,9 @@
 
 #include "formats/tifforientation.h"
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 const QByteArray exifSignature("Exif\0\0", 6);
 constexpr int profileHeaderLines = 3; // "\n", "exif\n", "<length>\n"

@@ -7,8 +7,7 @@
 
 #include <QByteArray>
 
-namespace Vorel
-{
+namespace Vorel {
 
 // The XMP packet with every single-digit tiff:Orientation value (attribute or element form)
 // set to `orientation`; unchanged when there is none.

@@ -5,11 +5,9 @@
 #include <array>
 #include <set>
 
-namespace Vorel
-{
+namespace Vorel {
 
-namespace
-{
+namespace {
 
 // Classic TIFF layout (all offsets from the first byte of the block):
 //   header  "II" or "MM" | u16 42 | u32 offset of IFD0
@@ -24,10 +22,9 @@ constexpr quint16 typeShort = 3;
 constexpr int maxIfdChain = 4096;
 
 // Bytes per value of each TIFF field type (index = type); 0 = unknown type, whose data readers skip.
-constexpr std::array<quint64, 14> typeSizes = { 0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4 };
+constexpr std::array<quint64, 14> typeSizes = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
 
-class TiffBytes
-{
+class TiffBytes {
 public:
     TiffBytes(QByteArray &bytes, bool littleEndian)
         : bytes(bytes)

@@ -8,8 +8,7 @@
 
 #include <QByteArray>
 
-namespace Vorel
-{
+namespace Vorel {
 
 // The block with IFD0's Orientation (tag 274) set to `orientation` as one SHORT. An existing
 // entry is overwritten in place; without one, a copy of IFD0 with the tag added is appended

@@ -12,13 +12,12 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
-namespace
-{
+namespace {
 
 constexpr size_t everyCutUpTo = 256; // all lengths below this are tried
 constexpr size_t spreadCuts = 256; // plus this many lengths spread over the rest
 constexpr size_t overwrittenPrefix = 1024; // bytes overwritten one at a time
-constexpr uint8_t overwriteValues[] = { 0x00, 0xFF, 0x7F };
+constexpr uint8_t overwriteValues[] = {0x00, 0xFF, 0x7F};
 
 void feed(const std::vector<uint8_t> &input, size_t size)
 {

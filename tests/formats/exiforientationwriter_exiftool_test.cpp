@@ -12,8 +12,7 @@
 
 #include <gtest/gtest.h>
 
-namespace
-{
+namespace {
 
 const QString data = QStringLiteral(VOREL_TEST_DATA);
 
@@ -25,20 +24,20 @@ struct CliRun {
 CliRun runCli(const QStringList &arguments)
 {
     QProcess process;
-    process.start(QStringLiteral(VOREL_CLI), QStringList { QStringLiteral("orientation") } + arguments);
+    process.start(QStringLiteral(VOREL_CLI), QStringList {QStringLiteral("orientation")} + arguments);
     process.waitForFinished(120000);
-    return { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-        QString::fromUtf8(process.readAllStandardOutput()) };
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+        QString::fromUtf8(process.readAllStandardOutput())};
 }
 
 TEST(OrientationCli, EveryValueReadsBackInExiftool)
 {
     if (QStandardPaths::findExecutable(QStringLiteral("exiftool")).isEmpty())
         GTEST_SKIP() << "exiftool (libimage-exiftool-perl) is not installed";
-    const QStringList sources = { QStringLiteral("orientation/hopper.jpg"),
+    const QStringList sources = {QStringLiteral("orientation/hopper.jpg"),
         QStringLiteral("orientation/Landscape_5.jpg"), QStringLiteral("orientation/g4_orientation_3.tif"),
         QStringLiteral("orientation/exif.png"), QStringLiteral("orientation/xmp_tags_orientation_exiftool.png"),
-        QStringLiteral("orientation/exif_imagemagick_orientation.png"), QStringLiteral("heic/iphone_13_pro_max.heic") };
+        QStringLiteral("orientation/exif_imagemagick_orientation.png"), QStringLiteral("heic/iphone_13_pro_max.heic")};
     QTemporaryDir dir;
     for (int value = 1; value <= 8; ++value) {
         QStringList paths;
@@ -46,14 +45,14 @@ TEST(OrientationCli, EveryValueReadsBackInExiftool)
             paths << dir.filePath(QStringLiteral("%1_%2").arg(value).arg(QFileInfo(source).fileName()));
             ASSERT_TRUE(QFile::copy(data + QLatin1Char('/') + source, paths.last()));
         }
-        const CliRun run = runCli(QStringList { QString::number(value) } + paths);
+        const CliRun run = runCli(QStringList {QString::number(value)} + paths);
         EXPECT_EQ(run.exitCode, 0) << run.out.toStdString();
         EXPECT_TRUE(run.out.startsWith(QStringLiteral("✅ All 7 files written successfully\n")));
     }
 
     QProcess exiftool;
     exiftool.start(QStringLiteral("exiftool"),
-        { QStringLiteral("-json"), QStringLiteral("-n"), QStringLiteral("-EXIF:Orientation"), dir.path() });
+        {QStringLiteral("-json"), QStringLiteral("-n"), QStringLiteral("-EXIF:Orientation"), dir.path()});
     ASSERT_TRUE(exiftool.waitForFinished(120000));
     const QJsonArray files = QJsonDocument::fromJson(exiftool.readAllStandardOutput()).array();
     ASSERT_EQ(files.size(), 8 * sources.size());
@@ -72,13 +71,13 @@ TEST(OrientationCli, ExitStatusReportsFailuresAndUsage)
     ASSERT_TRUE(QFile::copy(data + QStringLiteral("/orientation/hopper.jpg"), good));
     ASSERT_TRUE(QFile::copy(data + QStringLiteral("/other/hopper.gif"), gif));
 
-    const CliRun mixed = runCli({ QStringLiteral("3"), good, gif });
+    const CliRun mixed = runCli({QStringLiteral("3"), good, gif});
     EXPECT_EQ(mixed.exitCode, 1);
     EXPECT_EQ(mixed.out,
         QStringLiteral("⚠️ 1 succeeded / 1 failed\n✅ a.jpg\n   → Success (Orientation → 3)\n"
                        "❌ b.gif\n   → Unsupported format: image/gif\n"));
-    for (const QStringList &usage : { QStringList { QStringLiteral("9"), good },
-             QStringList { QStringLiteral("x"), good }, QStringList { QStringLiteral("3") } })
+    for (const QStringList &usage : {QStringList {QStringLiteral("9"), good}, QStringList {QStringLiteral("x"), good},
+             QStringList {QStringLiteral("3")}})
         EXPECT_EQ(runCli(usage).exitCode, 2) << usage.join(QLatin1Char(' ')).toStdString();
 }
 

@@ -16,8 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray file = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
     const int orientation = int(size % 8) + 1;
-    for (const auto edit : { Vorel::jpegWithOrientation, Vorel::pngWithOrientation, Vorel::tiffWithOrientation,
-             Vorel::heifWithOrientation }) {
+    for (const auto edit : {Vorel::jpegWithOrientation, Vorel::pngWithOrientation, Vorel::tiffWithOrientation,
+             Vorel::heifWithOrientation}) {
         const std::optional<QByteArray> once = edit(file, orientation);
         if (once && edit(*once, orientation) != once)
             std::abort();

@@ -23,8 +23,7 @@ void PrintTo(const QString &text, std::ostream *os)
     *os << text.toStdString();
 }
 
-namespace
-{
+namespace {
 
 const QString data = QStringLiteral(VOREL_TEST_DATA);
 
@@ -55,8 +54,8 @@ QImage codedPixels(const QString &path)
 QList<QByteArray> preservedParts(const QByteArray &file)
 {
     const auto carriesOrientation = [](const QByteArray &payload) {
-        for (const QByteArray &prefix : { QByteArray("Exif\0\0", 6), QByteArray("http://ns.adobe.com/xap/1.0/\0", 29),
-                 QByteArray("Raw profile type exif\0", 22), QByteArray("XML:com.adobe.xmp\0", 18) })
+        for (const QByteArray &prefix : {QByteArray("Exif\0\0", 6), QByteArray("http://ns.adobe.com/xap/1.0/\0", 29),
+                 QByteArray("Raw profile type exif\0", 22), QByteArray("XML:com.adobe.xmp\0", 18)})
             if (payload.startsWith(prefix))
                 return true;
         return false;
@@ -88,9 +87,7 @@ struct RewriteCase {
     int maxChangedBytes; // when the tag exists the size stays and only this many bytes change; -1: tag added
 };
 
-class RealFileRewrite : public ::testing::TestWithParam<std::tuple<RewriteCase, int>>
-{
-};
+class RealFileRewrite : public ::testing::TestWithParam<std::tuple<RewriteCase, int>> { };
 
 TEST_P(RealFileRewrite, ChangesOnlyTheOrientation)
 {
@@ -128,13 +125,13 @@ TEST_P(RealFileRewrite, ChangesOnlyTheOrientation)
 }
 
 const RewriteCase rewriteCases[] = {
-    { "hopper.jpg", -1 }, // JFIF, no Exif at all
-    { "Landscape_3.jpg", 1 }, // the value's low byte (big-endian Exif)
-    { "Portrait_0.jpg", 1 }, // invalid value 0 in the tag
-    { "orientation_rectangle.jpg", 1 }, { "g4_orientation_1.tif", 1 }, { "g4_orientation_6.tif", 1 },
-    { "exif.png", 1 + 4 + 1 + 4 }, // eXIf after IDAT and its CRC, orNT and its CRC
-    { "xmp_tags_orientation_exiftool.png", -1 }, // no eXIf chunk, XMP with the tag
-    { "exif_imagemagick_orientation.png", -1 }, // no eXIf chunk, ImageMagick's raw Exif profile
+    {"hopper.jpg", -1}, // JFIF, no Exif at all
+    {"Landscape_3.jpg", 1}, // the value's low byte (big-endian Exif)
+    {"Portrait_0.jpg", 1}, // invalid value 0 in the tag
+    {"orientation_rectangle.jpg", 1}, {"g4_orientation_1.tif", 1}, {"g4_orientation_6.tif", 1},
+    {"exif.png", 1 + 4 + 1 + 4}, // eXIf after IDAT and its CRC, orNT and its CRC
+    {"xmp_tags_orientation_exiftool.png", -1}, // no eXIf chunk, XMP with the tag
+    {"exif_imagemagick_orientation.png", -1}, // no eXIf chunk, ImageMagick's raw Exif profile
 };
 
 INSTANTIATE_TEST_SUITE_P(
@@ -146,14 +143,14 @@ QByteArray untaggedTiff(bool little)
 {
     const quint32 pixels = Test::tiffTailOffset(8);
     return Test::tiffBlock(little,
-        { { 256, 4, 1, 3 }, { 257, 4, 1, 1 }, { 258, 3, 1, 8 }, { 259, 3, 1, 1 }, { 262, 3, 1, 1 },
-            { 273, 4, 1, pixels }, { 278, 4, 1, 1 }, { 279, 4, 1, 3 } },
+        {{256, 4, 1, 3}, {257, 4, 1, 1}, {258, 3, 1, 8}, {259, 3, 1, 1}, {262, 3, 1, 1}, {273, 4, 1, pixels},
+            {278, 4, 1, 1}, {279, 4, 1, 3}},
         0, QByteArray("\x10\x80\xF0", 3));
 }
 
 TEST(RealFileRewrite, TiffWithoutTagKeepsEveryOriginalByteButTheIfd0Pointer)
 {
-    for (const bool little : { true, false }) {
+    for (const bool little : {true, false}) {
         SCOPED_TRACE(little ? "little-endian" : "big-endian");
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("untagged.tif"));
@@ -183,14 +180,14 @@ struct FailureCase {
 TEST(RewriteFailure, ReportsTheErrorAndLeavesTheFileAlone)
 {
     const FailureCase cases[] = {
-        { "hopper.gif", readAll(data + QStringLiteral("/other/hopper.gif")), "Unsupported format: image/gif" },
-        { "hopper.webp", readAll(data + QStringLiteral("/other/hopper.webp")), "Unsupported format: image/webp" },
-        { "hopper.bmp", readAll(data + QStringLiteral("/other/hopper.bmp")), "Unsupported format: image/bmp" },
-        { "notes.jpg", "just some text\n", "Unsupported format: text/plain" },
-        { "noise.jpg", QByteArray("\x01\x02\x03\x9a\xff\x00\x17", 7), "Could not determine file type" },
-        { "empty.jpg", QByteArray(), "Could not read the file" },
-        { "cut.jpg", readAll(data + QStringLiteral("/orientation/hopper.jpg")).left(300), "Could not read the file" },
-        { "cut.png", readAll(data + QStringLiteral("/orientation/exif.png")).left(5000), "Could not read the file" },
+        {"hopper.gif", readAll(data + QStringLiteral("/other/hopper.gif")), "Unsupported format: image/gif"},
+        {"hopper.webp", readAll(data + QStringLiteral("/other/hopper.webp")), "Unsupported format: image/webp"},
+        {"hopper.bmp", readAll(data + QStringLiteral("/other/hopper.bmp")), "Unsupported format: image/bmp"},
+        {"notes.jpg", "just some text\n", "Unsupported format: text/plain"},
+        {"noise.jpg", QByteArray("\x01\x02\x03\x9a\xff\x00\x17", 7), "Could not determine file type"},
+        {"empty.jpg", QByteArray(), "Could not read the file"},
+        {"cut.jpg", readAll(data + QStringLiteral("/orientation/hopper.jpg")).left(300), "Could not read the file"},
+        {"cut.png", readAll(data + QStringLiteral("/orientation/exif.png")).left(5000), "Could not read the file"},
     };
     QTemporaryDir dir;
     for (const FailureCase &c : cases) {
@@ -213,7 +210,7 @@ TEST(RewriteRun, ContinuesPastAReadOnlyFileAndSummarises)
 {
     QTemporaryDir dir;
     const QStringList names
-        = { QStringLiteral("Landscape_1.jpg"), QStringLiteral("exif.png"), QStringLiteral("g4_orientation_2.tif") };
+        = {QStringLiteral("Landscape_1.jpg"), QStringLiteral("exif.png"), QStringLiteral("g4_orientation_2.tif")};
     QStringList paths;
     for (const QString &name : names) {
         paths << dir.filePath(name);
@@ -225,7 +222,7 @@ TEST(RewriteRun, ContinuesPastAReadOnlyFileAndSummarises)
 
     const QList<ProcessResult> results = rewriteOrientations(paths, 6, [&](int n) { progress << n; });
 
-    EXPECT_EQ(progress, (QList<int> { 1, 2, 3 }));
+    EXPECT_EQ(progress, (QList<int> {1, 2, 3}));
     EXPECT_EQ(readAll(paths[1]), readOnlyBefore);
     EXPECT_EQ(exiv2Orientation(paths[2]), 6);
     EXPECT_EQ(summaryText(results),
@@ -234,7 +231,7 @@ TEST(RewriteRun, ContinuesPastAReadOnlyFileAndSummarises)
                        "❌ exif.png\n   → Could not create write destination\n"
                        "✅ g4_orientation_2.tif\n   → Success (Orientation → 6)"));
     QList<ProcessResult> allGood = results;
-    allGood[1] = { QStringLiteral("x.png"), true, QStringLiteral("Success (Orientation → 6)") };
+    allGood[1] = {QStringLiteral("x.png"), true, QStringLiteral("Success (Orientation → 6)")};
     EXPECT_TRUE(summaryText(allGood).startsWith(QStringLiteral("✅ All 3 files written successfully\n✅ ")));
     EXPECT_EQ(progressText(0, 3), QStringLiteral("Processing 0 of 3 files"));
 }

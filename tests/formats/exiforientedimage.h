@@ -7,14 +7,13 @@
 #include <QImage>
 #include <QTransform>
 
-namespace Vorel::Test
-{
+namespace Vorel::Test {
 
 inline QImage exifOriented(const QImage &coded, int orientation)
 {
     const bool mirrorFirst = orientation == 2 || orientation == 5 || orientation == 7;
     const QImage mirrored = mirrorFirst ? coded.mirrored(true, false) : coded;
-    const int clockwiseDegrees[] = { 0, 0, 180, 0, 270, 90, 90, 270 };
+    const int clockwiseDegrees[] = {0, 0, 180, 0, 270, 90, 90, 270};
     const QImage turned = mirrored.transformed(QTransform().rotate(clockwiseDegrees[orientation - 1]));
     return orientation == 4 ? turned.mirrored(false, true) : turned;
 }

@@ -15,8 +15,7 @@
 
 using namespace Vorel;
 
-namespace
-{
+namespace {
 
 const QString data = QStringLiteral(VOREL_TEST_DATA);
 
@@ -29,7 +28,7 @@ QByteArray readAll(const QString &path)
 heif_error appendTo(heif_context *, const void *bytes, size_t size, void *out)
 {
     static_cast<QByteArray *>(out)->append(static_cast<const char *>(bytes), qsizetype(size));
-    return { heif_error_Ok, heif_suberror_Unspecified, "" };
+    return {heif_error_Ok, heif_suberror_Unspecified, ""};
 }
 
 // A lossless 64x32 gradient, stored with libheif's own transforms for `storedOrientation`.
@@ -53,7 +52,7 @@ QByteArray encodedHeic(int storedOrientation)
     options->image_orientation = heif_orientation(storedOrientation);
     heif_context_encode_image(context, image, encoder, options, nullptr);
     QByteArray out;
-    heif_writer writer { 1, appendTo };
+    heif_writer writer {1, appendTo};
     heif_context_write(context, &writer, &out);
     heif_encoding_options_free(options);
     heif_image_release(image);
@@ -98,9 +97,7 @@ QByteArray mediaData(const QByteArray &file)
     return {};
 }
 
-class HeifRewrite : public ::testing::TestWithParam<std::tuple<int, int>>
-{
-};
+class HeifRewrite : public ::testing::TestWithParam<std::tuple<int, int>> { };
 
 TEST_P(HeifRewrite, ShowsTheCodedPixelsInTheChosenOrientation)
 {
@@ -128,10 +125,10 @@ TEST(HeifRewrite, RealFilesKeepTheirImageData)
         const char *file;
         QSize shownAs8; // primary size once rewritten to orientation 8
     } cases[] = {
-        { "rainbow-451x461.heic", { 461, 451 } }, // Exif and XMP items, no transform yet
-        { "colors-no-alpha-thumbnail.heic", { 72, 72 } }, // thumbnail item follows the primary
-        { "example.heic", { 854, 1280 } }, // two top-level images
-        { "iphone_13_pro_max.heic", { 3024, 4032 } }, // grid primary with irot already
+        {"rainbow-451x461.heic", {461, 451}}, // Exif and XMP items, no transform yet
+        {"colors-no-alpha-thumbnail.heic", {72, 72}}, // thumbnail item follows the primary
+        {"example.heic", {854, 1280}}, // two top-level images
+        {"iphone_13_pro_max.heic", {3024, 4032}}, // grid primary with irot already
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.file);
@@ -160,15 +157,15 @@ TEST(HeifRewrite, RefusesMalformedBoxes)
         const char *name;
         QByteArray file;
     } cases[] = {
-        { "truncated inside meta", good.left(metaAt + 40) },
-        { "meta larger than the file", patched(metaAt, QByteArray("\x7F\0\0\0", 4)) },
-        { "box smaller than its header", patched(metaAt, QByteArray("\0\0\0\x04", 4)) },
-        { "ipma entry count too high", patched(ipmaAt + 12, QByteArray("\0\0\x10\0", 4)) },
-        { "property of size 0", patched(good.indexOf("hvcC") - 4, QByteArray(4, '\0')) },
-        { "association past the last property", patched(ipmaAt + 19, QByteArray("\x89", 1)) },
-        { "iloc field size 3", patched(ilocAt + 12, QByteArray("\x33", 1)) },
-        { "iloc version 7", patched(ilocAt + 8, QByteArray("\x07", 1)) },
-        { "no meta", good.left(metaAt) },
+        {"truncated inside meta", good.left(metaAt + 40)},
+        {"meta larger than the file", patched(metaAt, QByteArray("\x7F\0\0\0", 4))},
+        {"box smaller than its header", patched(metaAt, QByteArray("\0\0\0\x04", 4))},
+        {"ipma entry count too high", patched(ipmaAt + 12, QByteArray("\0\0\x10\0", 4))},
+        {"property of size 0", patched(good.indexOf("hvcC") - 4, QByteArray(4, '\0'))},
+        {"association past the last property", patched(ipmaAt + 19, QByteArray("\x89", 1))},
+        {"iloc field size 3", patched(ilocAt + 12, QByteArray("\x33", 1))},
+        {"iloc version 7", patched(ilocAt + 8, QByteArray("\x07", 1))},
+        {"no meta", good.left(metaAt)},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);

@@ -16,8 +16,7 @@
 
 using namespace Vorel;
 
-class OrientationRewriteDialogTest : public QObject
-{
+class OrientationRewriteDialogTest : public QObject {
     Q_OBJECT
 private slots:
     void chooserIsConfigured()
@@ -29,7 +28,7 @@ private slots:
         QCOMPARE(chooser->fileMode(), QFileDialog::ExistingFiles);
         QVERIFY(chooser->isAncestorOf(accessory));
         const QString filters = chooser->nameFilters().join(QLatin1Char(' '));
-        for (const char *pattern : { "*.jpg", "*.png", "*.tif", "*.heic" })
+        for (const char *pattern : {"*.jpg", "*.png", "*.tif", "*.heic"})
             QVERIFY2(filters.contains(QLatin1String(pattern)), pattern);
     }
 
@@ -38,7 +37,7 @@ private slots:
         PanelAccessoryView accessory;
         QCOMPARE(accessory.popup()->count(), 8);
         QCOMPARE(accessory.popup()->itemText(5), QStringLiteral("6 - Rotate 90° clockwise"));
-        for (int index : { 5, 7, 0 }) {
+        for (int index : {5, 7, 0}) {
             accessory.popup()->setCurrentIndex(index);
             QCOMPARE(accessory.selectedOrientationValue(), index + 1);
         }
@@ -48,8 +47,8 @@ private slots:
     {
         QTemporaryDir dir;
         const QString data = QStringLiteral(VOREL_TEST_DATA);
-        const QStringList sources = { data + QStringLiteral("/orientation/hopper.jpg"),
-            data + QStringLiteral("/other/hopper.gif"), data + QStringLiteral("/orientation/g4_orientation_1.tif") };
+        const QStringList sources = {data + QStringLiteral("/orientation/hopper.jpg"),
+            data + QStringLiteral("/other/hopper.gif"), data + QStringLiteral("/orientation/g4_orientation_1.tif")};
         QStringList paths;
         for (const QString &source : sources) {
             paths << dir.filePath(QFileInfo(source).fileName());

@@ -15,8 +15,7 @@ using namespace Vorel;
 using Test::tiffBlock;
 using Test::tiffTailOffset;
 
-namespace
-{
+namespace {
 
 // Every tag exiv2 finds in the block, key -> value text.
 std::map<std::string, std::string> exifTags(const QByteArray &tiff)
@@ -31,9 +30,9 @@ std::map<std::string, std::string> exifTags(const QByteArray &tiff)
 }
 
 const std::vector<Test::TiffEntry> someTags = {
-    { 271, 2, 4, 0x00414243 }, // Make "ABC\0" inline
-    { 282, 5, 1, tiffTailOffset(3) }, // XResolution, rational in the tail
-    { 305, 2, 3, 0x00003132 }, // Software "21\0"... inline
+    {271, 2, 4, 0x00414243}, // Make "ABC\0" inline
+    {282, 5, 1, tiffTailOffset(3)}, // XResolution, rational in the tail
+    {305, 2, 3, 0x00003132}, // Software "21\0"... inline
 };
 const QByteArray someTail("\0\0\0\x48\0\0\0\x01", 8);
 
@@ -46,15 +45,15 @@ struct ValidCase {
 TEST(TiffOrientation, SetsTheTagAndKeepsEveryOtherTag)
 {
     const ValidCase cases[] = {
-        { "absent", someTags, false },
-        { "absent, only tag above", { { 305, 2, 3, 0x31 } }, false },
-        { "short", { { 271, 2, 4, 0x41 }, { 274, 3, 1, 1 }, { 305, 2, 3, 0x31 } }, true },
-        { "long instead of short", { { 271, 2, 4, 0x41 }, { 274, 4, 1, 3 } }, true },
-        { "zero count", { { 274, 3, 0, 0 } }, true },
-        { "unknown type elsewhere", { { 271, 99, 4, 0x41424344 }, { 274, 3, 1, 5 } }, true },
+        {"absent", someTags, false},
+        {"absent, only tag above", {{305, 2, 3, 0x31}}, false},
+        {"short", {{271, 2, 4, 0x41}, {274, 3, 1, 1}, {305, 2, 3, 0x31}}, true},
+        {"long instead of short", {{271, 2, 4, 0x41}, {274, 4, 1, 3}}, true},
+        {"zero count", {{274, 3, 0, 0}}, true},
+        {"unknown type elsewhere", {{271, 99, 4, 0x41424344}, {274, 3, 1, 5}}, true},
     };
     for (const ValidCase &c : cases)
-        for (const bool little : { true, false })
+        for (const bool little : {true, false})
             for (int orientation = 1; orientation <= 8; ++orientation) {
                 SCOPED_TRACE(std::string(c.name) + (little ? " II " : " MM ") + std::to_string(orientation));
                 const QByteArray before = tiffBlock(little, c.entries, 0, someTail);
@@ -74,7 +73,7 @@ TEST(TiffOrientation, AppendedIfdKeepsTheChainToIfd1)
     const QByteArray ifd1 = QByteArray("\x01\x00", 2)
         + QByteArray("\x03\x01\x03\x00\x01\x00\x00\x00\x06\x00\x00\x00", 12)
         + QByteArray(4, '\0'); // IFD1 with Compression = 6
-    const QByteArray before = tiffBlock(true, { { 271, 2, 4, 0x41 } }, tiffTailOffset(1), ifd1);
+    const QByteArray before = tiffBlock(true, {{271, 2, 4, 0x41}}, tiffTailOffset(1), ifd1);
     const std::optional<QByteArray> after = tiffWithOrientation(before, 6);
     ASSERT_TRUE(after);
     EXPECT_EQ(exifTags(*after).at("Exif.Thumbnail.Compression"), "6");
@@ -97,19 +96,19 @@ TEST(TiffOrientation, RefusesMalformedBlocks)
     const QByteArray good = tiffBlock(true, someTags, 0, someTail);
     const qsizetype nextPointer = tiffTailOffset(3) - 4;
     const MalformedCase cases[] = {
-        { "too short", good.left(7) },
-        { "bad byte order", QByteArray("IM") + good.mid(2) },
-        { "big tiff", QByteArray("II\x2b\0", 4) + good.mid(4) },
-        { "no IFD0", withPointer(good, 4, 0) },
-        { "IFD0 inside the header", withPointer(good, 4, 4) },
-        { "IFD0 past the end", withPointer(good, 4, quint32(good.size())) },
-        { "IFD0 pointer near 4 GiB", withPointer(good, 4, 0xFFFFFFFE) },
-        { "entries past the end", good.left(30) },
-        { "IFD0 links to itself", withPointer(good, nextPointer, 8) },
-        { "IFD1 past the end", withPointer(good, nextPointer, 0x10000) },
-        { "value past the end", tiffBlock(true, { { 270, 2, 100, 40 } }) },
-        { "count overflows", tiffBlock(true, { { 273, 4, 0xFFFFFFFF, 8 } }) },
-        { "rational offset wraps", tiffBlock(true, { { 282, 5, 1, 0xFFFFFFFC } }) },
+        {"too short", good.left(7)},
+        {"bad byte order", QByteArray("IM") + good.mid(2)},
+        {"big tiff", QByteArray("II\x2b\0", 4) + good.mid(4)},
+        {"no IFD0", withPointer(good, 4, 0)},
+        {"IFD0 inside the header", withPointer(good, 4, 4)},
+        {"IFD0 past the end", withPointer(good, 4, quint32(good.size()))},
+        {"IFD0 pointer near 4 GiB", withPointer(good, 4, 0xFFFFFFFE)},
+        {"entries past the end", good.left(30)},
+        {"IFD0 links to itself", withPointer(good, nextPointer, 8)},
+        {"IFD1 past the end", withPointer(good, nextPointer, 0x10000)},
+        {"value past the end", tiffBlock(true, {{270, 2, 100, 40}})},
+        {"count overflows", tiffBlock(true, {{273, 4, 0xFFFFFFFF, 8}})},
+        {"rational offset wraps", tiffBlock(true, {{282, 5, 1, 0xFFFFFFFC}})},
     };
     for (const MalformedCase &c : cases) {
         SCOPED_TRACE(c.name);
@@ -135,15 +134,15 @@ TEST(JpegOrientation, RefusesMalformedFiles)
 {
     const QByteArray soi("\xFF\xD8", 2);
     const QByteArray crowded
-        = exifHeader + tiffBlock(true, { { 271, 2, 65490, tiffTailOffset(1) } }, 0, QByteArray(65490, 'x'));
+        = exifHeader + tiffBlock(true, {{271, 2, 65490, tiffTailOffset(1)}}, 0, QByteArray(65490, 'x'));
     const MalformedCase cases[] = {
-        { "no SOI", app0 + scan },
-        { "segment past the end", soi + dqt.left(30) },
-        { "no scan", soi + app0 + QByteArray("\xFF\xD9", 2) },
-        { "garbage between segments", soi + app0 + "x" + scan },
-        { "malformed Exif", soi + segment(0xE1, exifHeader + "II*\0\x40\0\0\0") + scan },
-        { "no room to add the tag", soi + segment(0xE1, crowded) + scan },
-        { "length below two", soi + QByteArray("\xFF\xE1\0\x01", 4) + scan },
+        {"no SOI", app0 + scan},
+        {"segment past the end", soi + dqt.left(30)},
+        {"no scan", soi + app0 + QByteArray("\xFF\xD9", 2)},
+        {"garbage between segments", soi + app0 + "x" + scan},
+        {"malformed Exif", soi + segment(0xE1, exifHeader + "II*\0\x40\0\0\0") + scan},
+        {"no room to add the tag", soi + segment(0xE1, crowded) + scan},
+        {"length below two", soi + QByteArray("\xFF\xE1\0\x01", 4) + scan},
     };
     for (const MalformedCase &c : cases) {
         SCOPED_TRACE(c.name);
@@ -163,7 +162,7 @@ QByteArray chunk(const char *type, const QByteArray &data, quint32 crcFlip = 0)
     }
     crc = ~crc ^ crcFlip;
     QByteArray out;
-    for (const quint32 v : { quint32(data.size()), crc })
+    for (const quint32 v : {quint32(data.size()), crc})
         for (int i = 3; i >= 0; --i)
             out.append(char(v >> 8 * i));
     return out.left(4) + body + out.mid(4);
@@ -178,14 +177,14 @@ TEST(PngOrientation, RefusesBrokenChunks)
 {
     const QByteArray good = pngSignature + ihdr + idat + iend;
     const MalformedCase cases[] = {
-        { "bad signature", QByteArray("\x89PNG\r\n\x1a\r") + good.mid(8) },
-        { "CRC mismatch", pngSignature + chunk("IHDR", ihdr.mid(8, 13), 1) + idat + iend },
-        { "length past the end", pngSignature + ihdr + QByteArray("\0\0\x10\0IDAT", 8) + idat.mid(8) + iend },
-        { "huge length", pngSignature + ihdr + QByteArray("\xFF\xFF\xFF\xF0IDAT", 8) + idat.mid(8) + iend },
-        { "no IEND", pngSignature + ihdr + idat },
-        { "no IDAT", pngSignature + ihdr + iend },
-        { "IHDR not first", pngSignature + idat + ihdr + iend },
-        { "malformed eXIf", pngSignature + ihdr + chunk("eXIf", "MM\0*\0\0\0\0") + idat + iend },
+        {"bad signature", QByteArray("\x89PNG\r\n\x1a\r") + good.mid(8)},
+        {"CRC mismatch", pngSignature + chunk("IHDR", ihdr.mid(8, 13), 1) + idat + iend},
+        {"length past the end", pngSignature + ihdr + QByteArray("\0\0\x10\0IDAT", 8) + idat.mid(8) + iend},
+        {"huge length", pngSignature + ihdr + QByteArray("\xFF\xFF\xFF\xF0IDAT", 8) + idat.mid(8) + iend},
+        {"no IEND", pngSignature + ihdr + idat},
+        {"no IDAT", pngSignature + ihdr + iend},
+        {"IHDR not first", pngSignature + idat + ihdr + iend},
+        {"malformed eXIf", pngSignature + ihdr + chunk("eXIf", "MM\0*\0\0\0\0") + idat + iend},
     };
     for (const MalformedCase &c : cases) {
         SCOPED_TRACE(c.name);
@@ -202,13 +201,13 @@ struct TextCase {
 TEST(TextOrientation, XmpValuesChangeInPlace)
 {
     const TextCase cases[] = {
-        { "attribute", "<d tiff:Orientation=\"3\" tiff:Make=\"x\"/>", "<d tiff:Orientation=\"6\" tiff:Make=\"x\"/>" },
-        { "single quotes", "tiff:Orientation='1'", "tiff:Orientation='6'" },
-        { "element, twice", "<tiff:Orientation>8</tiff:Orientation><tiff:Orientation>2</tiff:Orientation>",
-            "<tiff:Orientation>6</tiff:Orientation><tiff:Orientation>6</tiff:Orientation>" },
-        { "two digits kept", "tiff:Orientation=\"10\"", "tiff:Orientation=\"10\"" },
-        { "other property", "tiff:OrientationX=\"3\" tiff:Orientation", "tiff:OrientationX=\"3\" tiff:Orientation" },
-        { "at the very end", "tiff:Orientation=\"3", "tiff:Orientation=\"3" },
+        {"attribute", "<d tiff:Orientation=\"3\" tiff:Make=\"x\"/>", "<d tiff:Orientation=\"6\" tiff:Make=\"x\"/>"},
+        {"single quotes", "tiff:Orientation='1'", "tiff:Orientation='6'"},
+        {"element, twice", "<tiff:Orientation>8</tiff:Orientation><tiff:Orientation>2</tiff:Orientation>",
+            "<tiff:Orientation>6</tiff:Orientation><tiff:Orientation>6</tiff:Orientation>"},
+        {"two digits kept", "tiff:Orientation=\"10\"", "tiff:Orientation=\"10\""},
+        {"other property", "tiff:OrientationX=\"3\" tiff:Orientation", "tiff:OrientationX=\"3\" tiff:Orientation"},
+        {"at the very end", "tiff:Orientation=\"3", "tiff:Orientation=\"3"},
     };
     for (const TextCase &c : cases) {
         SCOPED_TRACE(c.name);
@@ -222,14 +221,14 @@ TEST(TextOrientation, RawExifProfileChangesInPlace)
     const QByteArray tagged("4578696600004d4d002a00000008000101120003000000010003000000000000\n");
     const QByteArray untagged("4578696600004d4d002a00000008000101310003000000010003000000000000\n");
     const TextCase cases[] = {
-        { "lower case", head + tagged, head + QByteArray(tagged).replace("00030000000000", "00060000000000") },
-        { "upper case", head + tagged.toUpper(), head + tagged.toUpper().replace("00030000000000", "00060000000000") },
-        { "wrapped lines", head + tagged.left(20) + "\n" + tagged.mid(20),
-            head + tagged.left(20) + "\n" + QByteArray(tagged.mid(20)).replace("00030000000000", "00060000000000") },
-        { "no tag: would have to grow", head + untagged, head + untagged },
-        { "odd digit count", head + tagged.left(11), head + tagged.left(11) },
-        { "not hex", head + "zz" + tagged, head + "zz" + tagged },
-        { "no header", tagged, tagged },
+        {"lower case", head + tagged, head + QByteArray(tagged).replace("00030000000000", "00060000000000")},
+        {"upper case", head + tagged.toUpper(), head + tagged.toUpper().replace("00030000000000", "00060000000000")},
+        {"wrapped lines", head + tagged.left(20) + "\n" + tagged.mid(20),
+            head + tagged.left(20) + "\n" + QByteArray(tagged.mid(20)).replace("00030000000000", "00060000000000")},
+        {"no tag: would have to grow", head + untagged, head + untagged},
+        {"odd digit count", head + tagged.left(11), head + tagged.left(11)},
+        {"not hex", head + "zz" + tagged, head + "zz" + tagged},
+        {"no header", tagged, tagged},
     };
     for (const TextCase &c : cases) {
         SCOPED_TRACE(c.name);

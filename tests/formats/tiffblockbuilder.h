@@ -7,8 +7,7 @@
 
 #include <QByteArray>
 
-namespace Vorel::Test
-{
+namespace Vorel::Test {
 
 struct TiffEntry {
     quint16 tag;
