@@ -175,8 +175,16 @@ std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, con
 {
     if (left.isNull() || right.isNull() || left.size() != right.size())
         return std::nullopt;
+    const auto [l, r] = adjustedCorners(left.width(), left.height(), adjustment);
+    return warpToCommonArea(left, right, l, r);
+}
+
+std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &right, const CornerPoints &l,
+                                          const CornerPoints &r)
+{
+    if (left.isNull() || right.isNull() || left.size() != right.size())
+        return std::nullopt;
     const int64_t w = left.width(), h = left.height();
-    const auto [l, r] = adjustedCorners(w, h, adjustment);
 
     // Common area, in float: the innermost corner on each edge of both moved images.
     const float leftBound = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});

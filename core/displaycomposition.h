@@ -47,6 +47,10 @@ std::pair<CornerPoints, CornerPoints> adjustedCorners(int64_t w, int64_t h, cons
 // Both images warped by their half of the adjustment and cut to the common area.
 // `right` must have the size of `left`.
 std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment);
+// Warps each image so that its frame corners land on the given moved corners, and cuts
+// both to the largest axis-aligned rectangle inside both moved frames (whole pixels).
+std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &right, const CornerPoints &leftCorners,
+                                          const CornerPoints &rightCorners);
 
 // Half side-by-side squeeze: width x 0.5 truncated, height unchanged.
 QImage halfWidth(const QImage &image);

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// SIFT keypoints and descriptors (difference-of-Gaussian scale space, Lowe's method with
+// this program's own parameters). All arithmetic in 32-bit floats, pixel values on the
+// 0..255 scale throughout. Stages, in calling order:
+//
+//  1. Octaves: n = trunc(log2f(min(w, h))); none below 3, else nOct = n - 2. Octave 0 is the
+//     input enlarged twice, each later octave half the previous one.
+//  2. Base image: 2x bilinear upsampling, pixel (R, C) samples (R*0.5, C*0.5); the bottom
+//     row and right column fall back to the top-left sample tl (bottom-right too, even on the
+//     last column): (1-fr)(1-fc) tl + fr(1-fc) bl + (1-fr) fc tr + fr fc br, truncated.
+//  3. Kernels (siftpyramid.cpp): sigma0 = sqrt(1.6^2 - 1) = 1.2489997, k = exp2f(1/3);
+//     sigma_i = sqrt((k sp)^2 - sp^2) with sp = 1.6 k^(i-1); radius max(ceil(3 sigma), 1);
+//     taps exp(-0.5 (x/sigma)^2) divided by their sum.
+//  4. Blur: each row edge-replicated by the radius, correlated, written transposed; two
+//     passes make one blur (siftkernels.cpp).
+//  5. Gaussians: G[0][0] = blur0(base); G[o][l] = blur_l(G[o][l-1]); G[o][0] = every second
+//     pixel of G[o-1][3]. Differences D[o][d] = G[o][d+1] - G[o][d].
+//  6. Gradients of layers 1..3 with clamped neighbours, dr and dc plain differences:
+//     magnitude s * invsqrt(s), s = dr^2 + dc^2 (0 below 1e-8), invsqrt by the bit trick
+//     0x5F3759DF - bits/2 and two Newton steps; orientation by the polynomial atan2
+//     base + t (0.1821 t^2 - 0.9675), mirrored to 2pi - phi for dr < 0.
+//  7. Extrema (siftdetector.cpp): |D| >= 2.4, strictly above or below all 26 neighbours,
+//     5-pixel border; refined on the fixed layer by offset = -H^-1 g, at most 5 moves of one
+//     pixel (step when |x| >= 0.6); rejected for |x| >= 1.5, positions outside the octave,
+//     contrast |D + 0.5 g.x| < 3, or edge response tr^2/det >= 12.1.
+//  8. Orientation: 36-bin histogram of Gaussian-weighted magnitudes (sigma 1.5 layerScale,
+//     radius 4.5 layerScale), bin position f = ori*36/2pi - 0.5 kept unwrapped in bin 0 for
+//     -0.5 < f < 0; smoothed by (1,4,6,4,1)/16; a keypoint per local peak above 0.8 of the
+//     maximum, interpolated by a parabola.
+//  9. Descriptor (siftdescriptor.cpp): rotated 4x4 cells of 3 layerScale pixels, 8 angle
+//     bins, trilinear votes into a 6x6x10 accumulator, slot 8 replaces slot 0 on read-out,
+//     clipped at 0.2 of the norm and scaled to length 512.
+#include "align/sift.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "align/siftstages.h"
+#include "core/parallelrows.h"
+
+namespace Vorel {
+
+namespace {
+constexpr int fewestOctaveLevels = 3; // log2 of the smallest side that still gives one octave
+constexpr int octavesBelowLevels = 2; // octaves = log2(min side) - this
+} // namespace
+
+int siftOctaveCount(int64_t w, int64_t h)
+{
+    const int64_t side = std::min(w, h);
+    if (side <= 0)
+        return 0;
+    const int n = static_cast<int>(std::log2(static_cast<float>(side)));
+    return n < fewestOctaveLevels ? 0 : n - octavesBelowLevels;
+}
+
+SiftImage<uint8_t> upsampleTwice(const SiftImage<uint8_t> &image)
+{
+    const int64_t w = image.w, h = image.h;
+    SiftImage<uint8_t> out(2 * w, 2 * h);
+    parallelRows(out.h, [&](int64_t first, int64_t end) {
+        for (int64_t R = first; R < end; ++R) {
+            const float y = static_cast<float>(R) * 0.5f;
+            const int64_t r0 = static_cast<int64_t>(y);
+            const float fr = y - static_cast<float>(r0);
+            const bool hasBelow = r0 < h - 1;
+            const uint8_t *top = image.row(r0);
+            const uint8_t *bottom = hasBelow ? image.row(r0 + 1) : top;
+            uint8_t *o = out.row(R);
+            for (int64_t C = 0; C < out.w; ++C) {
+                const float x = static_cast<float>(C) * 0.5f;
+                const int64_t c0 = static_cast<int64_t>(x);
+                const float fc = x - static_cast<float>(c0);
+                const bool hasRight = c0 < w - 1;
+                const float tl = top[c0];
+                const float bl = hasBelow ? bottom[c0] : tl;
+                const float tr = hasRight ? top[c0 + 1] : tl;
+                const float br = hasBelow && hasRight ? bottom[c0 + 1] : tl;
+                const float v = (1 - fr) * (1 - fc) * tl + fr * (1 - fc) * bl + (1 - fr) * fc * tr + fr * fc * br;
+                o[C] = static_cast<uint8_t>(std::clamp(v, 0.0f, 255.0f));
+            }
+        }
+    });
+    return out;
+}
+
+std::vector<SiftKeypoint> computeSiftFeatures(const SiftImage<uint8_t> &image)
+{
+    const int octaves = siftOctaveCount(image.w, image.h);
+    if (octaves == 0 || image.data.size() < static_cast<size_t>(image.w * image.h))
+        return {};
+    // Only the doubled image feeds the pyramid; later octaves come from decimated Gaussians.
+    const SiftPyramid gaussians = gaussianPyramid(upsampleTwice(image), octaves);
+    const SiftPyramid differences = differencePyramid(gaussians, octaves);
+    const SiftGradients gradients = gradientPyramids(gaussians, octaves);
+    std::vector<SiftKeypoint> keypoints = detectKeypoints(differences, gradients, octaves);
+    computeDescriptors(keypoints, gradients);
+    return keypoints;
+}
+
+} // namespace Vorel

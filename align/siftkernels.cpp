@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Vector code uses GCC vector extensions; every lane performs the scalar operations in the
+// scalar order (no fused multiply-add), so results do not depend on the instruction set.
+// Functions are cloned for AVX2 and the baseline; both clones give identical bits.
+#include "align/siftkernels.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "core/parallelrows.h"
+
+namespace Vorel {
+
+namespace {
+
+constexpr int lanes = 8;
+using FloatVec = float __attribute__((vector_size(lanes * sizeof(float))));
+using IntVec = int32_t __attribute__((vector_size(lanes * sizeof(int32_t))));
+using UintVec = uint32_t __attribute__((vector_size(lanes * sizeof(uint32_t))));
+
+constexpr int64_t rowsPerTile = 16; // rows blurred before one transposed write-out
+
+constexpr float gradientFloor = 1e-8f;       // squared gradients below this have magnitude 0
+constexpr float atanEpsilon = 1.1920929e-7f; // keeps the atan2 ratio finite at dr = dc = 0
+constexpr float quarterPi = 0.7853982f;
+constexpr float threeQuarterPi = 2.3561945f;
+constexpr float atanCubic = 0.1821f;  // atan(t) ~ t (0.1821 t^2 - 0.9675) + base
+constexpr float atanLinear = 0.9675f;
+constexpr float twoPi = 6.2831855f;
+
+// Vectors pass by reference: returning them by value from a function compiled without AVX
+// would change the calling convention between the two clones.
+inline void load(FloatVec &v, const float *p) { std::memcpy(&v, p, sizeof v); }
+inline void store(float *p, const FloatVec &v) { std::memcpy(p, &v, sizeof v); }
+
+// out[n] = sum over p of padded[n + p] * kernel[p], p ascending, from 0.
+__attribute__((target_clones("avx2", "default"))) void correlateRow(const float *padded, int64_t w,
+                                                                    const float *kernel, int64_t length, float *out)
+{
+    int64_t n = 0;
+    for (; n + 2 * lanes <= w; n += 2 * lanes) {
+        FloatVec a = {}, b = {};
+        for (int64_t p = 0; p < length; ++p) {
+            const FloatVec k = FloatVec{} + kernel[p];
+            FloatVec x, y;
+            load(x, padded + n + p);
+            load(y, padded + n + lanes + p);
+            a += x * k;
+            b += y * k;
+        }
+        store(out + n, a);
+        store(out + n + lanes, b);
+    }
+    for (; n < w; ++n) {
+        float sum = 0;
+        for (int64_t p = 0; p < length; ++p)
+            sum += padded[n + p] * kernel[p];
+        out[n] = sum;
+    }
+}
+
+inline void gradientAt(float dr, float dc, float &magnitude, float &orientation)
+{
+    const float s = dr * dr + dc * dc;
+    magnitude = s < gradientFloor ? 0.0f : s * fastInverseSqrt(s);
+    const float a = std::abs(dr) + atanEpsilon;
+    float t, base;
+    if (dc >= 0) {
+        t = (dc - a) / (a + dc);
+        base = quarterPi;
+    } else {
+        t = (a + dc) / (a - dc);
+        base = threeQuarterPi;
+    }
+    const float phi = base + t * (atanCubic * t * t - atanLinear);
+    orientation = dr < 0 ? twoPi - phi : phi;
+}
+
+// gradientAt on `lanes` pixels at once.
+__attribute__((target_clones("avx2", "default"))) void gradientSpan(const float *up, const float *down,
+                                                                    const float *left, const float *right,
+                                                                    int64_t count, float *magnitude,
+                                                                    float *orientation)
+{
+    int64_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        FloatVec upV, downV, leftV, rightV;
+        load(upV, up + i);
+        load(downV, down + i);
+        load(leftV, left + i);
+        load(rightV, right + i);
+        const FloatVec dr = downV - upV;
+        const FloatVec dc = rightV - leftV;
+        const FloatVec s = dr * dr + dc * dc;
+        const FloatVec half = 0.5f * s;
+        const FloatVec y0 = reinterpret_cast<FloatVec>(0x5F3759DF - (reinterpret_cast<UintVec>(s) >> 1));
+        const FloatVec y1 = y0 * (1.5f - half * y0 * y0);
+        const FloatVec y2 = y1 * (1.5f - y1 * (half * y1));
+        store(magnitude + i, s < gradientFloor ? FloatVec{} : s * y2);
+
+        const FloatVec absDr = reinterpret_cast<FloatVec>(reinterpret_cast<UintVec>(dr) & 0x7FFFFFFFu);
+        const FloatVec a = absDr + atanEpsilon;
+        const IntVec positive = dc >= 0;
+        const FloatVec t = positive ? (dc - a) / (a + dc) : (a + dc) / (a - dc);
+        const FloatVec base = positive ? FloatVec{} + quarterPi : FloatVec{} + threeQuarterPi;
+        const FloatVec phi = base + t * (atanCubic * t * t - atanLinear);
+        store(orientation + i, dr < 0 ? twoPi - phi : phi);
+    }
+    for (; i < count; ++i)
+        gradientAt(down[i] - up[i], right[i] - left[i], magnitude[i], orientation[i]);
+}
+
+} // namespace
+
+void blurPassTransposed(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out)
+{
+    const int64_t length = static_cast<int64_t>(kernel.size());
+    const int64_t radius = length / 2;
+    parallelRows(h, [&](int64_t first, int64_t end) {
+        std::vector<float> padded(static_cast<size_t>(w + 2 * radius));
+        std::vector<float> tile(static_cast<size_t>(rowsPerTile * w));
+        for (int64_t top = first; top < end; top += rowsPerTile) {
+            const int64_t rows = std::min(rowsPerTile, end - top);
+            for (int64_t i = 0; i < rows; ++i) {
+                const float *row = in + (top + i) * w;
+                std::fill_n(padded.begin(), radius, row[0]);
+                std::copy_n(row, w, padded.begin() + radius);
+                std::fill_n(padded.begin() + radius + w, radius, row[w - 1]);
+                correlateRow(padded.data(), w, kernel.data(), length, tile.data() + i * w);
+            }
+            for (int64_t n = 0; n < w; ++n) {
+                float *column = out + n * h + top;
+                for (int64_t i = 0; i < rows; ++i)
+                    column[i] = tile[static_cast<size_t>(i * w + n)];
+            }
+        }
+    });
+}
+
+void gradientImages(const SiftImage<float> &gaussian, SiftImage<float> &magnitude, SiftImage<float> &orientation)
+{
+    const int64_t w = gaussian.w, h = gaussian.h;
+    magnitude = SiftImage<float>(w, h);
+    orientation = SiftImage<float>(w, h);
+    if (w <= 0 || h <= 0)
+        return;
+    parallelRows(h, [&](int64_t first, int64_t end) {
+        for (int64_t r = first; r < end; ++r) {
+            const float *row = gaussian.row(r);
+            const float *up = gaussian.row(std::max<int64_t>(r - 1, 0));
+            const float *down = gaussian.row(std::min(r + 1, h - 1));
+            float *mag = magnitude.row(r);
+            float *ori = orientation.row(r);
+            // Edge columns clamp their horizontal neighbour; the interior runs vectorised.
+            for (const int64_t c : {int64_t{0}, w - 1})
+                gradientAt(down[c] - up[c], row[std::min(c + 1, w - 1)] - row[std::max<int64_t>(c - 1, 0)], mag[c],
+                           ori[c]);
+            if (w > 2)
+                gradientSpan(up + 1, down + 1, row, row + 2, w - 2, mag + 1, ori + 1);
+        }
+    });
+}
+
+} // namespace Vorel
