@@ -2,18 +2,83 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/imagereader.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QImageReader>
+
+#include "formats/exiforientation.h"
+#include "formats/heifimage.h"
+#include "formats/imagelimits.h"
+#include "formats/jpegcodec.h"
 
 namespace Vorel {
 
-std::optional<QImage> loadCorrectImageOriented(const QString &path)
+namespace {
+
+// Qt refuses pictures above 256 MB by default; our own size check decides instead.
+constexpr int qtAllocationLimitMb = 2048;
+
+bool isJpeg(const QByteArray &b) { return b.startsWith("\xFF\xD8\xFF"); }
+
+bool isHeif(const QByteArray &b)
 {
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
+    static const QByteArray brands[] = {"heic", "heix", "heim", "heis", "hevc", "hevx", "mif1", "msf1", "avif"};
+    if (b.size() < 12 || b.mid(4, 4) != "ftyp")
+        return false;
+    const QByteArray major = b.mid(8, 4);
+    for (const QByteArray &brand : brands)
+        if (major == brand)
+            return true;
+    return false;
+}
+
+std::optional<QImage> readWithQt(QByteArray &bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(false); // orientation is applied once, by us, from the EXIF tag
+    reader.setAllocationLimit(qtAllocationLimitMb);
+    const QSize declared = reader.size();
+    if (declared.isValid() && !isDecodableSize(declared.width(), declared.height()))
+        return std::nullopt;
     QImage image = reader.read();
-    if (image.isNull())
+    if (image.isNull() || !isDecodableSize(image.width(), image.height()))
         return std::nullopt;
     return image;
+}
+
+std::optional<QImage> readHeif(const QByteArray &bytes)
+{
+    const Heif::Context context = Heif::openContext(bytes);
+    if (!context)
+        return std::nullopt;
+    heif_image_handle *raw = nullptr;
+    if (heif_context_get_primary_image_handle(context.get(), &raw).code != heif_error_Ok)
+        return std::nullopt;
+    const Heif::Handle primary(raw);
+    return Heif::decodeHandle(primary.get());
+}
+
+} // namespace
+
+std::optional<QImage> loadCorrectImageOriented(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QByteArray bytes = file.readAll();
+    if (bytes.isEmpty())
+        return std::nullopt;
+    // HEIF decoders already apply irot/imir, which describe the same turn as any EXIF tag.
+    if (isHeif(bytes))
+        return readHeif(bytes);
+    std::optional<QImage> image = isJpeg(bytes) ? decodeJpeg(bytes.constData(), bytes.size()) : std::nullopt;
+    if (!image)
+        image = readWithQt(bytes);
+    if (!image)
+        return std::nullopt;
+    return applyExifOrientation(*image, readExifOrientation(bytes));
 }
 
 } // namespace Vorel

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "formats/heifimage.h"
+
+#include <cstring>
+
+#include "formats/imagelimits.h"
+
+namespace Vorel::Heif {
+
+Context openContext(const QByteArray &data)
+{
+    Context context(heif_context_alloc());
+    if (!context)
+        return nullptr;
+    const heif_error error =
+        heif_context_read_from_memory_without_copy(context.get(), data.constData(), data.size(), nullptr);
+    return error.code == heif_error_Ok ? std::move(context) : nullptr;
+}
+
+std::optional<QImage> decodeHandle(heif_image_handle *handle)
+{
+    if (!handle || !isDecodableSize(heif_image_handle_get_width(handle), heif_image_handle_get_height(handle)))
+        return std::nullopt;
+    const bool alpha = heif_image_handle_has_alpha_channel(handle);
+    heif_image *raw = nullptr;
+    const heif_error error = heif_decode_image(handle, &raw, heif_colorspace_RGB,
+                                               alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB,
+                                               nullptr);
+    Image decoded(raw);
+    if (error.code != heif_error_Ok || !decoded)
+        return std::nullopt;
+    const int w = heif_image_get_width(decoded.get(), heif_channel_interleaved);
+    const int h = heif_image_get_height(decoded.get(), heif_channel_interleaved);
+    int stride = 0;
+    const uint8_t *plane = heif_image_get_plane_readonly(decoded.get(), heif_channel_interleaved, &stride);
+    if (!plane || !isDecodableSize(w, h))
+        return std::nullopt;
+    QImage image(w, h, alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    if (image.isNull())
+        return std::nullopt;
+    const int channels = alpha ? 4 : 3;
+    for (int y = 0; y < h; ++y) {
+        const uint8_t *in = plane + static_cast<size_t>(y) * stride;
+        auto *out = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < w; ++x, in += channels)
+            out[x] = qRgba(in[0], in[1], in[2], alpha ? in[3] : 255);
+    }
+    return alpha ? image.convertToFormat(QImage::Format_ARGB32_Premultiplied) : image;
+}
+
+Handle encodeImage(heif_context *context, const QImage &image, int quality)
+{
+    if (!context || image.isNull())
+        return nullptr;
+    const bool alpha = image.hasAlphaChannel();
+    const QImage source = image.convertToFormat(alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
+    heif_image *raw = nullptr;
+    if (heif_image_create(source.width(), source.height(), heif_colorspace_RGB,
+                          alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, &raw)
+            .code != heif_error_Ok)
+        return nullptr;
+    Image heifImage(raw);
+    if (heif_image_add_plane(heifImage.get(), heif_channel_interleaved, source.width(), source.height(), 8).code !=
+        heif_error_Ok)
+        return nullptr;
+    int stride = 0;
+    uint8_t *plane = heif_image_get_plane(heifImage.get(), heif_channel_interleaved, &stride);
+    const size_t rowBytes = static_cast<size_t>(source.width()) * (alpha ? 4 : 3);
+    for (int y = 0; y < source.height(); ++y)
+        std::memcpy(plane + static_cast<size_t>(y) * stride, source.constScanLine(y), rowBytes);
+
+    heif_encoder *rawEncoder = nullptr;
+    if (heif_context_get_encoder_for_format(context, heif_compression_HEVC, &rawEncoder).code != heif_error_Ok)
+        return nullptr;
+    Encoder encoder(rawEncoder);
+    heif_encoder_set_lossy_quality(encoder.get(), quality);
+    heif_image_handle *rawHandle = nullptr;
+    if (heif_context_encode_image(context, heifImage.get(), encoder.get(), nullptr, &rawHandle).code != heif_error_Ok)
+        return nullptr;
+    return Handle(rawHandle);
+}
+
+namespace {
+
+heif_error appendTo(heif_context *, const void *data, size_t size, void *userdata)
+{
+    static_cast<QByteArray *>(userdata)->append(static_cast<const char *>(data), static_cast<qsizetype>(size));
+    return heif_error{heif_error_Ok, heif_suberror_Unspecified, "ok"};
+}
+
+} // namespace
+
+std::optional<QByteArray> writeContext(heif_context *context)
+{
+    QByteArray bytes;
+    heif_writer writer{};
+    writer.writer_api_version = 1;
+    writer.write = appendTo;
+    if (heif_context_write(context, &writer, &bytes).code != heif_error_Ok)
+        return std::nullopt;
+    return bytes;
+}
+
+} // namespace Vorel::Heif

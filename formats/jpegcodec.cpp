@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "formats/jpegcodec.h"
+
+#include <memory>
+
+#include <turbojpeg.h>
+
+#include "formats/imagelimits.h"
+
+namespace Vorel {
+
+namespace {
+
+struct HandleCloser {
+    void operator()(void *handle) const { tjDestroy(handle); }
+};
+using TjHandle = std::unique_ptr<void, HandleCloser>;
+
+} // namespace
+
+std::optional<QImage> decodeJpeg(const char *data, qsizetype size)
+{
+    TjHandle tj(tjInitDecompress());
+    if (!tj || size <= 0)
+        return std::nullopt;
+    auto *bytes = reinterpret_cast<const unsigned char *>(data);
+    int width = 0, height = 0, subsampling = 0, colorspace = 0;
+    if (tjDecompressHeader3(tj.get(), bytes, static_cast<unsigned long>(size), &width, &height, &subsampling,
+                            &colorspace) != 0)
+        return std::nullopt;
+    if (!isDecodableSize(width, height) || colorspace == TJCS_CMYK || colorspace == TJCS_YCCK)
+        return std::nullopt;
+    QImage image(width, height, QImage::Format_RGB32);
+    if (image.isNull())
+        return std::nullopt;
+    // BGRX is QImage's RGB32 byte order on little-endian machines; X is filled with 0xff.
+    const int status = tjDecompress2(tj.get(), bytes, static_cast<unsigned long>(size), image.bits(), width,
+                                     static_cast<int>(image.bytesPerLine()), height, TJPF_BGRX, 0);
+    // A warning (e.g. data ending early) still leaves a usable picture, as every viewer shows it.
+    if (status != 0 && tjGetErrorCode(tj.get()) != TJERR_WARNING)
+        return std::nullopt;
+    return image;
+}
+
+std::optional<QByteArray> encodeJpeg(const QImage &image, int quality)
+{
+    if (image.isNull())
+        return std::nullopt;
+    const QImage source = image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32_Premultiplied
+                              ? image
+                              : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    TjHandle tj(tjInitCompress());
+    if (!tj)
+        return std::nullopt;
+    unsigned char *jpeg = nullptr;
+    unsigned long jpegSize = 0;
+    const int status = tjCompress2(tj.get(), source.constBits(), source.width(),
+                                   static_cast<int>(source.bytesPerLine()), source.height(), TJPF_BGRX, &jpeg,
+                                   &jpegSize, TJSAMP_420, quality, 0);
+    std::unique_ptr<unsigned char, void (*)(unsigned char *)> owned(jpeg, tjFree);
+    if (status != 0)
+        return std::nullopt;
+    return QByteArray(reinterpret_cast<const char *>(jpeg), static_cast<qsizetype>(jpegSize));
+}
+
+} // namespace Vorel
