@@ -10,6 +10,8 @@
 
 #include <unistd.h>
 
+#include "align/autoalign.h"
+#include "align/colormatching.h"
 #include "cli/convertoptions.h"
 #include "core/stereoimageprocessor.h"
 #include "formats/imagewriter.h"
@@ -58,6 +60,14 @@ void runConvert(const ConvertOptions &options)
     }
 
     proc.isSwap = options.swap;
+    if (options.autoAlign) {
+        const std::optional<QImage> aligned = autoAlign(*proc.leftOriginal, *proc.rightOriginal);
+        if (!aligned)
+            throw ConvertError{QStringLiteral("automatic alignment found nothing to match in %1").arg(options.input)};
+        proc.loadSideBySide(*aligned, false);
+    }
+    if (options.colourReferenceRight)
+        matchColours(proc, *options.colourReferenceRight);
     if (options.adjustment)
         proc.adjustment = *options.adjustment;
 

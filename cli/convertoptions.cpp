@@ -70,6 +70,13 @@ const std::vector<OptionRule> &optionRules()
              throw UsageError{QStringLiteral("unknown output format \"%1\"").arg(v)};
          }},
         {"--swap", false, [](ConvertOptions &o, const QString &) { o.swap = true; }},
+        {"--auto-align", false, [](ConvertOptions &o, const QString &) { o.autoAlign = true; }},
+        {"--color-ref", true,
+         [](ConvertOptions &o, const QString &v) {
+             if (v != QLatin1String("left") && v != QLatin1String("right"))
+                 throw UsageError{QStringLiteral("--color-ref expects left or right, not \"%1\"").arg(v)};
+             o.colourReferenceRight = v == QLatin1String("right");
+         }},
         {"--adjust", true,
          [](ConvertOptions &o, const QString &v) {
              const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
@@ -132,6 +139,9 @@ QString convertUsage()
         "  --output sbs|half-sbs|anaglyph-gray|anaglyph-color|anaglyph-dubois\n"
         "                                     what to write (default: sbs)\n"
         "  --swap                             exchange left and right\n"
+        "  --auto-align                       align the pair automatically (vertical offset, rotation,\n"
+        "                                     size, keystone, horizontal placement)\n"
+        "  --color-ref left|right             match the colours of the other image to this one\n"
         "  --adjust H,V,ROT,SCALE             manual adjustment (percent of width, degrees, percent)\n"
         "  --yes                              overwrite OUTPUT without asking\n"
         "The extension of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n");

@@ -18,6 +18,8 @@ struct ConvertOptions {
     bool separateInput = false; // --input separate, or two inputs given
     DisplayMode output = DisplayMode::sbs;
     bool swap = false;
+    bool autoAlign = false;
+    std::optional<bool> colourReferenceRight; // --color-ref: the side that stays unchanged
     std::optional<StereoAdjustment> adjustment;
     bool overwrite = false;
 

@@ -117,4 +117,32 @@ TEST(ConvertProgram, ExitCodesAndNoClobbering)
     EXPECT_EQ(runCli({}), 2);
 }
 
+TEST(ConvertProgram, AutoAlignAndColourMatching)
+{
+    QTemporaryDir dir;
+    const QString left = data + QStringLiteral("/stereo/left01.jpg"), right = data + QStringLiteral("/stereo/right01.jpg");
+    const QString out = dir.filePath(QStringLiteral("aligned.png"));
+    QString errors;
+    ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--auto-align"), QStringLiteral("--color-ref"),
+                      QStringLiteral("right"), left, right, out},
+                     &errors),
+              0)
+        << errors.toStdString();
+    const QSize size = QImageReader(out).size();
+    EXPECT_EQ(size.width() % 2, 0);
+    EXPECT_LT(size.height(), 480); // cut to the area both corrected views cover
+    EXPECT_GT(size.height(), 400);
+
+    const QString flat = dir.filePath(QStringLiteral("flat.png"));
+    QImage grey(400, 200, QImage::Format_RGB32);
+    grey.fill(qRgb(120, 120, 120));
+    ASSERT_TRUE(grey.save(flat));
+    const QString none = dir.filePath(QStringLiteral("none.png"));
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--auto-align"), flat, none}, &errors), 1);
+    EXPECT_TRUE(errors.contains(QStringLiteral("nothing to match"))) << errors.toStdString();
+    EXPECT_FALSE(QFile::exists(none));
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--color-ref"), QStringLiteral("middle"), flat, none}),
+              2);
+}
+
 } // namespace
