@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "formats/mpindexgrowth.h"
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
@@ -22,6 +23,8 @@ constexpr quint8 markerApp1 = 0xE1;
 constexpr qsizetype maxSegmentLength = 0xFFFF;
 const QByteArray exifSignature("Exif\0\0", 6);
 const QByteArray xmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
+const QByteArray mpfSignature("MPF\0", 4);
+constexpr quint8 markerApp2 = 0xE2;
 
 struct Segment {
     qsizetype start = -1; // offset of the FF of the marker
@@ -31,6 +34,7 @@ struct Segment {
 struct Layout {
     Segment exif; // the first Exif APP1, start -1 when absent
     std::vector<Segment> xmp; // XMP APP1 segments
+    Segment mpf; // the MPO picture index (APP2 "MPF"), start -1 when absent
     qsizetype insertAt = 2; // where a new Exif segment goes: after SOI and any leading APP0
 };
 
@@ -82,6 +86,8 @@ std::optional<Layout> readLayout(const QByteArray &file)
             layout.exif = {at, length};
         if (marker == markerApp1 && hasSignature(file, at, length, xmpSignature))
             layout.xmp.push_back({at, length});
+        if (marker == markerApp2 && layout.mpf.start < 0 && hasSignature(file, at, length, mpfSignature))
+            layout.mpf = {at, length};
         at += 2 + length;
     }
     return std::nullopt;
@@ -126,7 +132,19 @@ std::optional<QByteArray> jpegWithOrientation(const QByteArray &file, int orient
         const qsizetype payload = xmp.start + 4;
         result.replace(payload, xmp.length - 2, xmpWithOrientation(file.mid(payload, xmp.length - 2), orientation));
     }
-    return result.replace(replaceFrom, replaceLength, segment);
+    result.replace(replaceFrom, replaceLength, segment);
+    const qint64 delta = segment.size() - replaceLength;
+    if (delta == 0 || layout->mpf.start < 0)
+        return result;
+    // The first picture grew: its size in the MPO index follows, and so do the offsets of the
+    // later pictures if the growth lies between them and the index.
+    const bool indexMoved = layout->mpf.start >= replaceFrom;
+    const qsizetype indexStart = layout->mpf.start + (indexMoved ? delta : 0) + 4 + mpfSignature.size();
+    const qsizetype indexLength = layout->mpf.length - 2 - mpfSignature.size();
+    // An index nobody can read is left as it is.
+    const std::optional<QByteArray> index
+        = mpIndexWithFirstPictureGrown(result.mid(indexStart, indexLength), delta, !indexMoved);
+    return index ? result.replace(indexStart, indexLength, *index) : result;
 }
 
 } // namespace Vorel

@@ -63,6 +63,41 @@ TEST(OrientationCli, EveryValueReadsBackInExiftool)
     }
 }
 
+QJsonObject exiftoolTags(const QStringList &arguments)
+{
+    QProcess exiftool;
+    exiftool.start(QStringLiteral("exiftool"), QStringList {QStringLiteral("-json"), QStringLiteral("-n")} + arguments);
+    exiftool.waitForFinished(120000);
+    return QJsonDocument::fromJson(exiftool.readAllStandardOutput()).array().at(0).toObject();
+}
+
+TEST(OrientationCli, MpoIndexFollowsAGrownFirstPicture)
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("exiftool")).isEmpty())
+        GTEST_SKIP() << "exiftool (libimage-exiftool-perl) is not installed";
+    const QStringList tags = {QStringLiteral("-a"), QStringLiteral("-G1"), QStringLiteral("-MPImageLength"),
+        QStringLiteral("-MPImageStart"), QStringLiteral("-MPImage2"), QStringLiteral("-b")};
+    for (const char *name : {"sugarshack.mpo", "frozenpond.mpo", "Panasonic-DMC-GX8.mpo"}) {
+        SCOPED_TRACE(name);
+        QTemporaryDir dir;
+        const QString original = data + QStringLiteral("/mpo/") + QLatin1String(name);
+        const QString path = dir.filePath(QLatin1String(name));
+        ASSERT_TRUE(QFile::copy(original, path));
+        ASSERT_EQ(runCli({QStringLiteral("6"), path}).exitCode, 0);
+
+        const QJsonObject before = exiftoolTags(tags + QStringList {original});
+        const QJsonObject after = exiftoolTags(tags + QStringList {path});
+        const auto growth = QFileInfo(path).size() - QFileInfo(original).size();
+        const auto change = [&](const char *key) {
+            return after[QLatin1String(key)].toInteger() - before[QLatin1String(key)].toInteger();
+        };
+        EXPECT_EQ(change("MPImage1:MPImageLength"), growth);
+        EXPECT_EQ(change("MPImage2:MPImageStart"), growth); // exiftool gives it from the file's start
+        EXPECT_EQ(after[QStringLiteral("MPImage2:MPImage2")], before[QStringLiteral("MPImage2:MPImage2")]);
+        EXPECT_FALSE(before[QStringLiteral("MPImage2:MPImage2")].toString().isEmpty());
+    }
+}
+
 TEST(OrientationCli, ExitStatusReportsFailuresAndUsage)
 {
     QTemporaryDir dir;

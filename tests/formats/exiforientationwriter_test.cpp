@@ -116,7 +116,7 @@ TEST_P(RealFileRewrite, ChangesOnlyTheOrientation)
     if (!path.endsWith(QLatin1String(".png"))) {
         const QImage shown = *loadCorrectImageOriented(path);
         ExifOrientationWriter::rewrite(path, 1);
-        EXPECT_EQ(shown, Vorel::Test::exifOriented(*loadCorrectImageOriented(path), orientation));
+        EXPECT_EQ(shown, Vorel::TestSupport::exifOriented(*loadCorrectImageOriented(path), orientation));
         ExifOrientationWriter::rewrite(path, orientation);
     }
     // Rewriting with the same value again changes nothing.
@@ -141,8 +141,8 @@ INSTANTIATE_TEST_SUITE_P(
 // odd length makes the appended IFD need a padding byte.
 QByteArray untaggedTiff(bool little)
 {
-    const quint32 pixels = Test::tiffTailOffset(8);
-    return Test::tiffBlock(little,
+    const quint32 pixels = TestSupport::tiffTailOffset(8);
+    return TestSupport::tiffBlock(little,
         {{256, 4, 1, 3}, {257, 4, 1, 1}, {258, 3, 1, 8}, {259, 3, 1, 1}, {262, 3, 1, 1}, {273, 4, 1, pixels},
             {278, 4, 1, 1}, {279, 4, 1, 3}},
         0, QByteArray("\x10\x80\xF0", 3));

@@ -7,7 +7,7 @@
 #include <QImage>
 #include <QTransform>
 
-namespace Vorel::Test {
+namespace Vorel::TestSupport {
 
 inline QImage exifOriented(const QImage &coded, int orientation)
 {
@@ -18,4 +18,4 @@ inline QImage exifOriented(const QImage &coded, int orientation)
     return orientation == 4 ? turned.mirrored(false, true) : turned;
 }
 
-} // namespace Vorel::Test
+} // namespace Vorel::TestSupport

@@ -110,7 +110,7 @@ TEST_P(HeifRewrite, ShowsTheCodedPixelsInTheChosenOrientation)
 
     ASSERT_TRUE(after);
     EXPECT_EQ(decodedPrimary(*after, false), coded);
-    EXPECT_EQ(decodedPrimary(*after, true), Vorel::Test::exifOriented(coded, orientation));
+    EXPECT_EQ(decodedPrimary(*after, true), Vorel::TestSupport::exifOriented(coded, orientation));
     EXPECT_EQ(mediaData(*after), mediaData(before));
     EXPECT_EQ(heifWithOrientation(*after, orientation), after); // a second rewrite changes nothing
 }

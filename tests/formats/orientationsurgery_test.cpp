@@ -6,14 +6,15 @@
 #include <gtest/gtest.h>
 
 #include "formats/jpegorientation.h"
+#include "formats/mpindexgrowth.h"
 #include "formats/pngorientation.h"
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 #include "tests/formats/tiffblockbuilder.h"
 
 using namespace Vorel;
-using Test::tiffBlock;
-using Test::tiffTailOffset;
+using TestSupport::tiffBlock;
+using TestSupport::tiffTailOffset;
 
 namespace {
 
@@ -29,7 +30,7 @@ std::map<std::string, std::string> exifTags(const QByteArray &tiff)
     return tags;
 }
 
-const std::vector<Test::TiffEntry> someTags = {
+const std::vector<TestSupport::TiffEntry> someTags = {
     {271, 2, 4, 0x00414243}, // Make "ABC\0" inline
     {282, 5, 1, tiffTailOffset(3)}, // XResolution, rational in the tail
     {305, 2, 3, 0x00003132}, // Software "21\0"... inline
@@ -38,7 +39,7 @@ const QByteArray someTail("\0\0\0\x48\0\0\0\x01", 8);
 
 struct ValidCase {
     const char *name;
-    std::vector<Test::TiffEntry> entries;
+    std::vector<TestSupport::TiffEntry> entries;
     bool sameSize; // tag existed: edited in place
 };
 
@@ -234,6 +235,26 @@ TEST(TextOrientation, RawExifProfileChangesInPlace)
         SCOPED_TRACE(c.name);
         EXPECT_EQ(rawExifProfileWithOrientation(c.before, 6), c.after);
     }
+}
+
+TEST(MpIndex, FirstPictureGrowsAndLaterOnesMoveOnlyWhenAsked)
+{
+    // Two big-endian MP entries: attributes, size, offset, two dependent-picture numbers.
+    const auto entries = [](quint32 size1, quint32 size2, quint32 offset2) {
+        QByteArray bytes;
+        for (const quint32 value : {0x20030000u, size1, 0u, 0u, 0x00000000u, size2, offset2, 0u})
+            TestSupport::putTiff(bytes, false, value, 4);
+        return bytes;
+    };
+    const auto index = [&](const QByteArray &entryBytes) {
+        return tiffBlock(
+            false, {{0xB000, 7, 4, 0x30313030}, {0xB001, 4, 1, 2}, {0xB002, 7, 32, tiffTailOffset(3)}}, 0, entryBytes);
+    };
+    const QByteArray before = index(entries(1000, 900, 1200));
+    EXPECT_EQ(mpIndexWithFirstPictureGrown(before, 30, false), index(entries(1030, 900, 1200)));
+    EXPECT_EQ(mpIndexWithFirstPictureGrown(before, 30, true), index(entries(1030, 900, 1230)));
+    EXPECT_FALSE(mpIndexWithFirstPictureGrown(before.left(60), 30, false)); // entries cut off
+    EXPECT_FALSE(mpIndexWithFirstPictureGrown(index(entries(0xFFFFFFF0, 900, 1200)), 30, false));
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 
 #include <QByteArray>
 
-namespace Vorel::Test {
+namespace Vorel::TestSupport {
 
 struct TiffEntry {
     quint16 tag;
@@ -48,4 +48,4 @@ inline quint32 tiffTailOffset(std::size_t entryCount)
     return quint32(8 + 2 + 12 * entryCount + 4);
 }
 
-} // namespace Vorel::Test
+} // namespace Vorel::TestSupport
