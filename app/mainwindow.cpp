@@ -2,8 +2,387 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/mainwindow.h"
 
+#include <cstdio>
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStatusBar>
+
+#include "app/controlpanelwidget.h"
+#include "app/pairview.h"
+#include "formats/imagewriter.h"
+
 namespace Vorel {
 
-MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent) { setWindowTitle(QStringLiteral("Vorel")); }
+namespace {
+
+constexpr double arrowStep = 0.5;
+
+const char *const openFilter = "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.bmp "
+                               "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.BMP)";
+
+// A menu item. Keys that work alone (no modifier) are handled by the window's key handling,
+// so that they also reach it from the picture; the menu only shows them.
+struct MenuItem {
+    const char *title;
+    QKeySequence key;
+    bool bareKey;
+    std::function<void(MainWindow &)> run;
+};
+
+} // namespace
+
+MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent)
+    : QMainWindow(parent), prefs(std::move(preferences))
+{
+    alert = [this](const QString &message) { QMessageBox::warning(this, tr("Vorel"), message); };
+    setWindowTitle(tr("Vorel"));
+    setAcceptDrops(true);
+
+    panel = new ControlPanelWidget;
+    view = new PairView;
+    auto *splitter = new QSplitter;
+    splitter->addWidget(view);
+    splitter->addWidget(panel);
+    splitter->setStretchFactor(0, 1);
+    setCentralWidget(splitter);
+    resize(1280, 800);
+
+    buildMenus();
+    connectPanel();
+    qApp->installEventFilter(this);
+    updateControls();
+}
+
+MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
+
+void MainWindow::buildMenus()
+{
+    const auto modeItem = [](const char *title, DisplayMode m, QKeySequence key) {
+        return MenuItem{title, key, false, [m](MainWindow &w) { w.setDisplayMode(m); }};
+    };
+    const std::pair<const char *, std::vector<MenuItem>> menus[] = {
+        {"File",
+         {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
+          {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
+          {"Next image files", QKeySequence(Qt::Key_Space), true, &MainWindow::cpNext},
+          {"Prev. image files", QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev}}},
+        {"Edit",
+         {{"Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), false, &MainWindow::cpUndo},
+          {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo}}},
+        {"View",
+         {{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap},
+          modeItem("Side by Side", DisplayMode::sbs, QKeySequence(Qt::CTRL | Qt::Key_1)),
+          modeItem("Gray Anaglyph", DisplayMode::anaglyph, QKeySequence(Qt::CTRL | Qt::Key_2)),
+          modeItem("Color Anaglyph", DisplayMode::anaglyphc, QKeySequence(Qt::CTRL | Qt::Key_3)),
+          modeItem("Dubois Anaglyph", DisplayMode::anaglyphd, QKeySequence(Qt::CTRL | Qt::Key_4)),
+          modeItem("Half SBS", DisplayMode::hsbs, QKeySequence(Qt::CTRL | Qt::Key_5)),
+          {"Fit to screen", QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
+          {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
+          {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
+           [](MainWindow &w) { w.panel->setVisible(!w.panel->isVisible()); }},
+          {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen}}},
+    };
+    for (const auto &[title, items] : menus) {
+        QMenu *menu = menuBar()->addMenu(tr(title));
+        for (const MenuItem &item : items) {
+            QString text = tr(item.title);
+            if (item.bareKey)
+                text += QLatin1Char('\t') + item.key.toString(QKeySequence::NativeText);
+            QAction *action = menu->addAction(text);
+            if (!item.bareKey)
+                action->setShortcut(item.key);
+            connect(action, &QAction::triggered, this, [this, run = item.run] { run(*this); });
+        }
+        if (QLatin1String(title) == QLatin1String("File"))
+            menu->insertSeparator(nullptr);
+    }
+}
+
+void MainWindow::connectPanel()
+{
+    const std::pair<QString, std::function<void()>> buttons[] = {
+        {tr("Open image files..."), [this] { chooseFilesToOpen(); }},
+        {tr("Save Display Image..."), [this] { chooseFileToSave(); }},
+        {tr("Prev."), [this] { cpPrev(); }},
+        {tr("Next"), [this] { cpNext(); }},
+        {tr("Undo"), [this] { cpUndo(); }},
+        {tr("Redo"), [this] { cpRedo(); }},
+        {tr("Full screen"), [this] { cpToggleFullScreen(); }},
+        {tr("Fit to screen"), [this] { cpFit(); }},
+        {tr("Actual image size"), [this] { cpActualSize(); }},
+    };
+    for (const auto &[text, run] : buttons)
+        connect(panel->button(text), &QPushButton::clicked, this, run);
+    connect(panel, &ControlPanelWidget::swapClicked, this, &MainWindow::cpSwap);
+    connect(panel, &ControlPanelWidget::modeChosen, this, &MainWindow::setDisplayMode);
+    connect(panel, &ControlPanelWidget::adjustmentChanged, this, [this](const StereoAdjustment &adjustment) {
+        proc.adjustment = adjustment;
+        redisplay();
+    });
+    connect(panel, &QTabWidget::currentChanged, this, &MainWindow::onPanelPageChanged);
+}
+
+// Keys pressed anywhere in this window (not in its dialogs) are the window's commands, so
+// a focused slider or button cannot swallow Space or the arrows. Dispatch is by Qt key.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    auto *widget = qobject_cast<QWidget *>(watched);
+    if (!widget || widget->window() != this)
+        return false;
+    auto *key = static_cast<QKeyEvent *>(event);
+    std::fprintf(stderr, "keycode=%u\n", key->nativeScanCode());
+    if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    return handleKey(key->key());
+}
+
+bool MainWindow::handleKey(int key)
+{
+    switch (key) {
+    case Qt::Key_F:
+        if (proc.hasPair())
+            cpFit();
+        return true;
+    case Qt::Key_X:
+        if (proc.hasPair())
+            cpSwap();
+        return true;
+    case Qt::Key_J:
+        if (proc.hasPair())
+            cpActualSize();
+        return true;
+    case Qt::Key_B:
+        proc.rememberAdjustment(*prefs);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        cpToggleFullScreen();
+        return true;
+    case Qt::Key_Space:
+        cpNext();
+        return true;
+    case Qt::Key_Backspace:
+        cpPrev();
+        return true;
+    case Qt::Key_Left:
+        nudgeAdjustment(-arrowStep, 0);
+        return true;
+    case Qt::Key_Right:
+        nudgeAdjustment(arrowStep, 0);
+        return true;
+    case Qt::Key_Down:
+        nudgeAdjustment(0, -arrowStep);
+        return true;
+    case Qt::Key_Up:
+        nudgeAdjustment(0, arrowStep);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MainWindow::requirePair()
+{
+    if (proc.hasPair())
+        return true;
+    alert(tr("Image not loaded"));
+    return false;
+}
+
+bool MainWindow::openPaths(QStringList paths)
+{
+    if (paths.isEmpty() || paths.size() > 2)
+        return false;
+    sortNaturally(paths);
+    const bool pair = paths.size() == 2;
+    const StereoEntry entry{paths[0], pair ? paths[1] : QString()};
+    if (!openEntryAndShow(entry))
+        return false;
+    folder.rebuild(paths[0], pair ? FolderNavigator::filePair : FolderNavigator::singleFile);
+    updateControls();
+    return true;
+}
+
+bool MainWindow::openEntryAndShow(const StereoEntry &entry)
+{
+    if (!openEntry(proc, entry)) {
+        statusBar()->showMessage(tr("Cannot open %1").arg(QFileInfo(entry.left).fileName()), 8000);
+        return false;
+    }
+    lastOpenedURL = entry.left;
+    openedDescription = entry.isSeparatePair() && entry.right != entry.left
+                            ? QFileInfo(entry.left).fileName() + QStringLiteral(" + ") + QFileInfo(entry.right).fileName()
+                            : QFileInfo(entry.left).fileName();
+    setWindowTitle(openedDescription + QStringLiteral(" — Vorel"));
+    statusBar()->clearMessage();
+    panel->showAdjustment(proc.adjustment);
+    if (proc.nTab == StereoImageProcessor::previewTab)
+        onPanelPageChanged(proc.nTab);
+    redisplay();
+    view->fitToView();
+    return true;
+}
+
+void MainWindow::stepEntry(int direction)
+{
+    if (const std::optional<StereoEntry> entry = folder.step(direction))
+        openEntryAndShow(*entry);
+    updateControls();
+}
+
+void MainWindow::cpSwap()
+{
+    if (!requirePair())
+        return;
+    proc.isSwap = !proc.isSwap;
+    panel->setSwapped(proc.isSwap);
+    redisplay();
+}
+
+void MainWindow::applyHistoryState(const std::optional<ImagePair> &state)
+{
+    if (!state)
+        return;
+    proc.loadPair(state->left, state->right, false);
+    panel->showAdjustment(proc.adjustment);
+    if (proc.nTab == StereoImageProcessor::previewTab)
+        onPanelPageChanged(proc.nTab);
+    redisplay();
+    updateControls();
+}
+
+void MainWindow::cpUndo() { applyHistoryState(proc.history.undo()); }
+void MainWindow::cpRedo() { applyHistoryState(proc.history.redo()); }
+
+void MainWindow::cpFit()
+{
+    if (requirePair())
+        view->fitToView();
+}
+
+void MainWindow::cpActualSize()
+{
+    if (requirePair())
+        view->showActualSize();
+}
+
+void MainWindow::cpToggleFullScreen() { isFullScreen() ? showNormal() : showFullScreen(); }
+
+void MainWindow::setDisplayMode(DisplayMode newMode)
+{
+    mode = newMode;
+    if (const int kind = displayModeInfo(mode).anaglyphKind; kind >= 0)
+        nAnamode = kind;
+    proc.isHalf = mode == DisplayMode::hsbs;
+    panel->setMode(mode);
+    redisplay();
+    view->fitToView();
+}
+
+// Arrow keys have no bounds of their own: the adjustment may go past the slider ranges.
+void MainWindow::nudgeAdjustment(double horizontal, double vertical)
+{
+    StereoAdjustment adjustment = panel->currentAdj();
+    adjustment.horizontalOffset += horizontal;
+    adjustment.verticalOffset += vertical;
+    proc.adjustment = adjustment;
+    panel->showAdjustment(adjustment);
+    redisplay();
+}
+
+void MainWindow::onPanelPageChanged(int page)
+{
+    proc.nTab = page;
+    if (page == StereoImageProcessor::previewTab && proc.hasPair()) {
+        const QSize area = view->pictureArea();
+        proc.makePreviewCache(area.width(), area.height());
+    }
+    redisplay();
+}
+
+void MainWindow::redisplay()
+{
+    if (!proc.hasPair()) {
+        view->clear();
+        return;
+    }
+    if (displayModeInfo(mode).anaglyphKind >= 0) {
+        if (const std::optional<QImage> anaglyph = proc.renderAnaglyph(nAnamode, true))
+            view->showSingle(*anaglyph);
+    } else if (const std::optional<ImagePair> pair = proc.render(true)) {
+        view->showPair(pair->left, pair->right);
+    }
+}
+
+void MainWindow::updateControls()
+{
+    panel->setNavigationEnabled(folder.canStep(-1), folder.canStep(+1));
+    panel->setUndoEnabled(proc.history.undoCount() >= 2, proc.history.redoCount() > 0);
+    QString info;
+    if (proc.hasPair())
+        info = tr("%1\n%2 × %3 pixels per view\n%4 of %5 in the folder")
+                   .arg(openedDescription)
+                   .arg(proc.leftOriginal->width())
+                   .arg(proc.leftOriginal->height())
+                   .arg(folder.currentIndex() + 1)
+                   .arg(folder.imageList().size());
+    panel->setFileInformation(info);
+}
+
+bool MainWindow::saveDisplayImage(const QString &path)
+{
+    if (displayModeInfo(mode).anaglyphKind >= 0) {
+        const std::optional<QImage> anaglyph = proc.renderAnaglyph(nAnamode, false);
+        return anaglyph && writeImage(*anaglyph, path);
+    }
+    return proc.saveSideBySide(path);
+}
+
+void MainWindow::chooseFilesToOpen()
+{
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(this, tr("Open image files..."), QFileInfo(lastOpenedURL).path(), tr(openFilter));
+    if (paths.size() > 2)
+        alert(tr("Choose one side-by-side file, or two files (left and right)."));
+    else if (!paths.isEmpty())
+        openPaths(paths);
+}
+
+void MainWindow::chooseFileToSave()
+{
+    if (!requirePair())
+        return;
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Display Image..."), QFileInfo(lastOpenedURL).path(),
+                                                      tr("Images (*.jpg *.png *.tif *.heic *.bmp)"));
+    if (!path.isEmpty() && !saveDisplayImage(path))
+        alert(tr("Could not save %1").arg(QFileInfo(path).fileName()));
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!urls.isEmpty() && urls.size() <= 2)
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    for (const QUrl &url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    openPaths(paths);
+}
 
 } // namespace Vorel

@@ -1,21 +1,82 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window: one stereo pair, its views and the commands that act on it.
+// The main window: one stereo pair, its views, the control panel and every command that acts
+// on the pair. Each command is one processor call followed by a redisplay.
 #pragma once
+
+#include <functional>
 
 #include <QMainWindow>
 
+#include "app/foldernavigator.h"
+#include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
 
 namespace Vorel {
 
+class ControlPanelWidget;
+class PairView;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    explicit MainWindow(QWidget *parent = nullptr);
+    // `preferences` is the store the window remembers choices in (the user's by default).
+    explicit MainWindow(std::unique_ptr<Preferences> preferences = std::make_unique<Preferences>(),
+                        QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    // Opens one file, or two as a left/right pair, and lists the folder for stepping.
+    bool openPaths(QStringList paths);
+    bool saveDisplayImage(const QString &path);
+
+    // Shows a message to the user; replaceable so tests can read alerts.
+    std::function<void(const QString &)> alert;
+
+    // Commands, as the menus and keys trigger them.
+    void cpNext() { stepEntry(+1); }
+    void cpPrev() { stepEntry(-1); }
+    void cpSwap();
+    void cpUndo();
+    void cpRedo();
+    void cpFit();
+    void cpActualSize();
+    void cpToggleFullScreen();
+    void setDisplayMode(DisplayMode mode);
+    void nudgeAdjustment(double horizontal, double vertical);
+
+    const StereoImageProcessor &processor() const { return proc; }
+    const FolderNavigator &navigator() const { return folder; }
+    DisplayMode displayMode() const { return mode; }
+    ControlPanelWidget *controlPanel() const { return panel; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
+    void buildMenus();
+    void connectPanel();
+    bool handleKey(int key);
+    bool requirePair();
+    bool openEntryAndShow(const StereoEntry &entry);
+    void stepEntry(int direction);
+    void applyHistoryState(const std::optional<ImagePair> &state);
+    void onPanelPageChanged(int page);
+    void redisplay();
+    void updateControls();
+    void chooseFilesToOpen();
+    void chooseFileToSave();
+
+    std::unique_ptr<Preferences> prefs;
     StereoImageProcessor proc;
+    FolderNavigator folder;
+    DisplayMode mode = DisplayMode::sbs;
+    int nAnamode = 0;
+    QString lastOpenedURL;
+    QString openedDescription;
+    ControlPanelWidget *panel = nullptr;
+    PairView *view = nullptr;
 };
 
 } // namespace Vorel

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/controlpanelwidget.h"
+
+#include <cmath>
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QVBoxLayout>
+
+namespace Vorel {
+
+namespace {
+
+// Sliders move in tenths, so arrow-key steps of 0.5 show exactly.
+constexpr int sliderSteps = 10;
+
+struct SliderSpec {
+    const char *caption;
+    double StereoAdjustment::*field;
+    int minimum, maximum;
+};
+constexpr SliderSpec sliderSpecs[] = {
+    {"X", &StereoAdjustment::horizontalOffset, -20, 20},
+    {"Y", &StereoAdjustment::verticalOffset, -20, 20},
+    {"Rot.", &StereoAdjustment::rotation, -45, 45},
+    {"Size", &StereoAdjustment::scale, -100, 100},
+};
+
+constexpr DisplayMode panelModes[] = {DisplayMode::sbs, DisplayMode::anaglyph, DisplayMode::anaglyphc,
+                                      DisplayMode::anaglyphd, DisplayMode::hsbs};
+
+} // namespace
+
+ControlPanelWidget::ControlPanelWidget(QWidget *parent) : QTabWidget(parent)
+{
+    QWidget *file = makeButtonPage({tr("Open image files..."), tr("Save Display Image...")});
+    auto *navigation = new QHBoxLayout;
+    for (const QString &text : {tr("Prev."), tr("Next")}) {
+        auto *b = new QPushButton(text);
+        navigation->addWidget(b);
+    }
+    auto *fileLayout = static_cast<QVBoxLayout *>(file->layout());
+    fileLayout->insertLayout(fileLayout->count() - 1, navigation);
+    fileInformation = new QLabel;
+    fileInformation->setWordWrap(true);
+    fileInformation->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    fileLayout->insertWidget(fileLayout->count() - 1, fileInformation);
+    addTab(file, tr("File"));
+    addTab(makeButtonPage({tr("Undo"), tr("Redo")}), tr("Edit"));
+    addTab(makeViewPage(), tr("View"));
+    addTab(makeAdjustmentPage(), tr("Adjust"));
+    setMinimumWidth(220);
+}
+
+QWidget *ControlPanelWidget::makeButtonPage(const QStringList &texts)
+{
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    for (const QString &text : texts)
+        layout->addWidget(new QPushButton(text));
+    layout->addStretch();
+    return page;
+}
+
+QWidget *ControlPanelWidget::makeViewPage()
+{
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    swapButton = new QCheckBox(tr("Swap L/R"));
+    layout->addWidget(swapButton);
+    connect(swapButton, &QAbstractButton::clicked, this, &ControlPanelWidget::swapClicked);
+    auto *group = new QButtonGroup(page);
+    for (size_t i = 0; i < modeButtons.size(); ++i) {
+        modeButtons[i] = new QRadioButton(tr(displayModeInfo(panelModes[i]).uiText));
+        group->addButton(modeButtons[i]);
+        layout->addWidget(modeButtons[i]);
+        connect(modeButtons[i], &QRadioButton::clicked, this, [this, i] { emit modeChosen(panelModes[i]); });
+    }
+    modeButtons[0]->setChecked(true);
+    for (const QString &text : {tr("Full screen"), tr("Fit to screen"), tr("Actual image size")})
+        layout->addWidget(new QPushButton(text));
+    layout->addStretch();
+    return page;
+}
+
+QWidget *ControlPanelWidget::makeAdjustmentPage()
+{
+    auto *page = new QWidget;
+    auto *grid = new QGridLayout(page);
+    for (size_t i = 0; i < sliders.size(); ++i) {
+        const SliderSpec &spec = sliderSpecs[i];
+        auto *slider = new QSlider(Qt::Horizontal);
+        slider->setRange(spec.minimum * sliderSteps, spec.maximum * sliderSteps);
+        slider->setSingleStep(sliderSteps / 2);
+        slider->setPageStep(sliderSteps);
+        auto *value = new QLabel(formatValue(0));
+        value->setMinimumWidth(40);
+        grid->addWidget(new QLabel(tr(spec.caption)), int(i), 0);
+        grid->addWidget(slider, int(i), 1);
+        grid->addWidget(value, int(i), 2);
+        sliders[i] = {slider, value};
+        connect(slider, &QSlider::valueChanged, this, &ControlPanelWidget::onSliderMoved);
+    }
+    auto *reset = new QPushButton(tr("Reset"));
+    grid->addWidget(reset, int(sliders.size()), 0, 1, 3);
+    grid->setRowStretch(int(sliders.size()) + 1, 1);
+    connect(reset, &QPushButton::clicked, this, [this] {
+        showAdjustment({});
+        emit adjustmentChanged(current);
+    });
+    return page;
+}
+
+void ControlPanelWidget::onSliderMoved()
+{
+    if (updating)
+        return;
+    // All four sliders are read at once, not only the moved one.
+    for (size_t i = 0; i < sliders.size(); ++i) {
+        const double value = double(sliders[i].slider->value()) / sliderSteps;
+        current.*sliderSpecs[i].field = value;
+        sliders[i].value->setText(formatValue(value));
+    }
+    emit adjustmentChanged(current);
+}
+
+void ControlPanelWidget::showAdjustment(const StereoAdjustment &adjustment)
+{
+    current = adjustment;
+    updating = true;
+    for (size_t i = 0; i < sliders.size(); ++i) {
+        const double value = adjustment.*sliderSpecs[i].field;
+        sliders[i].slider->setValue(int(std::lround(value * sliderSteps)));
+        sliders[i].value->setText(formatValue(value));
+    }
+    updating = false;
+}
+
+QString ControlPanelWidget::formatValue(double value)
+{
+    return QString::asprintf(value == std::trunc(value) ? "%.0f" : "%.1f", value);
+}
+
+void ControlPanelWidget::setMode(DisplayMode mode)
+{
+    for (size_t i = 0; i < modeButtons.size(); ++i)
+        if (panelModes[i] == mode)
+            modeButtons[i]->setChecked(true);
+}
+
+void ControlPanelWidget::setSwapped(bool swapped) { swapButton->setChecked(swapped); }
+void ControlPanelWidget::setFileInformation(const QString &text) { fileInformation->setText(text); }
+
+void ControlPanelWidget::setNavigationEnabled(bool previous, bool next)
+{
+    button(tr("Prev."))->setEnabled(previous);
+    button(tr("Next"))->setEnabled(next);
+}
+
+void ControlPanelWidget::setUndoEnabled(bool undo, bool redo)
+{
+    button(tr("Undo"))->setEnabled(undo);
+    button(tr("Redo"))->setEnabled(redo);
+}
+
+QPushButton *ControlPanelWidget::button(const QString &text) const
+{
+    for (QPushButton *b : findChildren<QPushButton *>())
+        if (b->text() == text)
+            return b;
+    return nullptr;
+}
+
+} // namespace Vorel

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tabbed control panel beside the picture: file, edit, view and adjustment pages.
+// It only reports what the user did; the main window turns that into processor calls.
+#pragma once
+
+#include <array>
+
+#include <QTabWidget>
+
+#include "core/stereotypes.h"
+
+class QAbstractButton;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class QSlider;
+
+namespace Vorel {
+
+class ControlPanelWidget : public QTabWidget {
+    Q_OBJECT
+public:
+    enum Page { filePage = 0, editPage = 1, viewPage = 2, adjustmentPage = 3 };
+
+    explicit ControlPanelWidget(QWidget *parent = nullptr);
+
+    // Sets sliders and labels from an adjustment without echoing adjustmentChanged.
+    void showAdjustment(const StereoAdjustment &adjustment);
+    StereoAdjustment currentAdj() const { return current; }
+    void setMode(DisplayMode mode);
+    void setSwapped(bool swapped);
+    void setFileInformation(const QString &text);
+    void setNavigationEnabled(bool previous, bool next);
+    void setUndoEnabled(bool undo, bool redo);
+
+    // "%.0f" for whole values, "%.1f" otherwise.
+    static QString formatValue(double value);
+
+    // Buttons by their visible text, so the window can connect them in one place.
+    QPushButton *button(const QString &text) const;
+
+signals:
+    void adjustmentChanged(const StereoAdjustment &adjustment);
+    void modeChosen(DisplayMode mode);
+    void swapClicked();
+
+private:
+    struct SliderRow {
+        QSlider *slider = nullptr;
+        QLabel *value = nullptr;
+    };
+
+    QWidget *makeButtonPage(const QStringList &texts);
+    QWidget *makeViewPage();
+    QWidget *makeAdjustmentPage();
+    void onSliderMoved();
+
+    std::array<SliderRow, 4> sliders;
+    std::array<QRadioButton *, 5> modeButtons{};
+    QAbstractButton *swapButton = nullptr;
+    QLabel *fileInformation = nullptr;
+    StereoAdjustment current;
+    bool updating = false;
+};
+
+} // namespace Vorel

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Stepping through the stereo files of the folder that holds the last opened file: one file
+// per entry (load mode 1) or a left and a right file per entry (load mode 2).
+#pragma once
+
+#include <optional>
+
+#include <QStringList>
+
+#include "core/stereointake.h"
+
+namespace Vorel {
+
+// The folder's files that can be stepped to, hidden files skipped, in natural order
+// ("a2.JPG" < "a10.jpg" < "b.jpg"). BMP files can be opened but are deliberately not listed.
+QStringList navigableFiles(const QString &folder);
+
+// Sorts paths by file name in the same natural order.
+void sortNaturally(QStringList &paths);
+
+class FolderNavigator {
+public:
+    enum LoadMode { singleFile = 1, filePair = 2 };
+
+    // Rebuilds the list around the file just opened.
+    void rebuild(const QString &openedFile, LoadMode mode);
+
+    // The entry one step forwards (+1) or backwards (-1), and moves there; none at either end.
+    std::optional<StereoEntry> step(int direction);
+    bool canStep(int direction) const;
+
+    const QStringList &imageList() const { return files; }
+    int currentIndex() const { return index; }
+    LoadMode loadMode() const { return mode; }
+
+private:
+    int stepSize() const { return mode == filePair ? 2 : 1; }
+
+    QStringList files;
+    int index = 0;
+    LoadMode mode = singleFile;
+};
+
+} // namespace Vorel

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/pairview.h"
+
+#include <algorithm>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace Vorel {
+
+PairView::PairView(QWidget *parent) : QWidget(parent)
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    for (int i = 0; i < 2; ++i) {
+        labels[i] = new QLabel;
+        labels[i]->setScaledContents(true);
+        areas[i] = new QScrollArea;
+        areas[i]->setWidget(labels[i]);
+        areas[i]->setAlignment(Qt::AlignCenter);
+        areas[i]->setBackgroundRole(QPalette::Dark);
+        areas[i]->setFocusPolicy(Qt::NoFocus);
+        layout->addWidget(areas[i]);
+    }
+    for (auto bar : {&QScrollArea::horizontalScrollBar, &QScrollArea::verticalScrollBar}) {
+        connect((areas[0]->*bar)(), &QScrollBar::valueChanged, (areas[1]->*bar)(), &QScrollBar::setValue);
+        connect((areas[1]->*bar)(), &QScrollBar::valueChanged, (areas[0]->*bar)(), &QScrollBar::setValue);
+    }
+    areas[1]->hide();
+}
+
+void PairView::showPair(const QImage &left, const QImage &right)
+{
+    images[0] = left;
+    images[1] = right;
+    pairShown = true;
+    areas[1]->show();
+    labels[0]->setPixmap(QPixmap::fromImage(left));
+    labels[1]->setPixmap(QPixmap::fromImage(right));
+    applyZoom();
+}
+
+void PairView::showSingle(const QImage &image)
+{
+    images[0] = image;
+    images[1] = QImage();
+    pairShown = false;
+    areas[1]->hide();
+    labels[0]->setPixmap(QPixmap::fromImage(image));
+    labels[1]->clear();
+    applyZoom();
+}
+
+void PairView::clear()
+{
+    for (int i = 0; i < 2; ++i) {
+        images[i] = QImage();
+        labels[i]->clear();
+        labels[i]->resize(0, 0);
+    }
+}
+
+QSize PairView::pictureArea() const
+{
+    const QSize whole = areas[0]->maximumViewportSize();
+    return pairShown ? QSize((width() - 2) / 2, whole.height()) : QSize(width(), whole.height());
+}
+
+void PairView::fitToView()
+{
+    fitting = true;
+    applyZoom();
+}
+
+void PairView::showActualSize()
+{
+    fitting = false;
+    scale = 1;
+    applyZoom();
+}
+
+void PairView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (fitting)
+        applyZoom();
+}
+
+void PairView::applyZoom()
+{
+    const QImage &first = images[0];
+    if (first.isNull())
+        return;
+    if (fitting) {
+        const QSize area = pictureArea();
+        scale = std::min(double(area.width()) / first.width(), double(area.height()) / first.height());
+    }
+    for (int i = 0; i < 2; ++i)
+        if (!images[i].isNull())
+            labels[i]->resize(std::max(1, int(images[i].width() * scale)), std::max(1, int(images[i].height() * scale)));
+}
+
+} // namespace Vorel

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The picture area: two scroll views that scroll and zoom together for the side-by-side
+// modes, or one for a single composed picture (anaglyphs).
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QScrollArea;
+
+namespace Vorel {
+
+class PairView : public QWidget {
+    Q_OBJECT
+public:
+    explicit PairView(QWidget *parent = nullptr);
+
+    void showPair(const QImage &left, const QImage &right);
+    void showSingle(const QImage &image);
+    void clear();
+
+    void fitToView();
+    void showActualSize();
+    double zoom() const { return scale; }
+    // Size available to one picture: what the preview copies are made for.
+    QSize pictureArea() const;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void applyZoom();
+
+    QScrollArea *areas[2];
+    QLabel *labels[2];
+    QImage images[2];
+    bool pairShown = false;
+    bool fitting = true;
+    double scale = 1;
+};
+
+} // namespace Vorel
