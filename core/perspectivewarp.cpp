@@ -15,12 +15,13 @@
 #include <cmath>
 
 #include "core/parallelrows.h"
+#include "core/perspectivewarpspan.h"
 
 namespace Vorel {
 
 namespace {
 
-constexpr double singularLimit = 1e-12;
+using WarpDetail::singularLimit;
 
 // Inverse through the adjugate, divided by the determinant.
 bool invert(const PerspectiveMatrix &m, PerspectiveMatrix &inverse)
@@ -47,37 +48,9 @@ template <int Channels, int SourceStride, int DestinationStride>
 void warpRows(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t x0, int64_t y0,
               int64_t width, int64_t rowBegin, int64_t rowEnd, uint8_t *destination, int64_t destinationRowStride)
 {
-    const double maxX = static_cast<double>(src.w - 1);
-    const double maxY = static_cast<double>(src.h - 1);
-    for (int64_t row = rowBegin; row < rowEnd; ++row) {
-        const double y = static_cast<double>(y0 + row);
-        uint8_t *out = destination + row * destinationRowStride;
-        for (int64_t col = 0; col < width; ++col, out += DestinationStride) {
-            const double x = static_cast<double>(x0 + col);
-            const double wh = inv[6] * x + inv[7] * y + inv[8];
-            if (std::fabs(wh) < singularLimit)
-                continue;
-            const double sx = (inv[0] * x + inv[1] * y + inv[2]) / wh;
-            const double sy = (inv[3] * x + inv[4] * y + inv[5]) / wh;
-            if (!(sx >= 0 && sx < maxX && sy >= 0 && sy < maxY))
-                continue;
-            const int64_t ix = static_cast<int64_t>(sx);
-            const int64_t iy = static_cast<int64_t>(sy);
-            const double fx = sx - static_cast<double>(ix);
-            const double fy = sy - static_cast<double>(iy);
-            const double w00 = (1 - fx) * (1 - fy);
-            const double w10 = fx * (1 - fy);
-            const double w01 = (1 - fx) * fy;
-            const double w11 = fx * fy;
-            const uint8_t *p00 = source + iy * src.rowStride + ix * SourceStride;
-            const uint8_t *p01 = p00 + src.rowStride;
-            for (int c = 0; c < Channels; ++c) {
-                const double v = w00 * p00[c] + w10 * p00[c + SourceStride] + w01 * p01[c] +
-                                 w11 * p01[c + SourceStride] + 0.5;
-                out[c] = v >= 255 ? 255 : static_cast<uint8_t>(v);
-            }
-        }
-    }
+    for (int64_t row = rowBegin; row < rowEnd; ++row)
+        WarpDetail::warpSpan<Channels, SourceStride, DestinationStride>(source, src, inv, x0, y0 + row, width,
+                                                                       destination + row * destinationRowStride);
 }
 
 using RowKernel = void (*)(const uint8_t *, const PixelLayout &, const PerspectiveMatrix &, int64_t, int64_t,
@@ -87,8 +60,14 @@ RowKernel kernelFor(const PixelLayout &src, const PixelLayout &dst)
 {
     if (src.channels != dst.channels)
         return nullptr;
-    if (src.channels == 3 && src.pixelStride == 4 && dst.pixelStride == 4)
+    if (src.channels == 3 && src.pixelStride == 4 && dst.pixelStride == 4) {
+#if defined(__x86_64__)
+        static const bool hasAvx2 = __builtin_cpu_supports("avx2");
+        if (hasAvx2)
+            return WarpDetail::warpRowsBgrxAvx2;
+#endif
         return warpRows<3, 4, 4>;
+    }
     if (src.channels == 3 && src.pixelStride == 3 && dst.pixelStride == 3)
         return warpRows<3, 3, 3>;
     if (src.channels == 1 && src.pixelStride == 1 && dst.pixelStride == 1)
