@@ -18,6 +18,7 @@
 
 #include "app/controlpanelwidget.h"
 #include "app/pairview.h"
+#include "formats/exiforientationpanel.h"
 #include "formats/imagewriter.h"
 
 namespace Vorel {
@@ -29,7 +30,7 @@ constexpr double arrowStep = 0.5;
 const char *const openFilter = "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.bmp "
                                "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.BMP)";
 
-// A menu item. Keys that work alone (no modifier) are handled by the window's key handling,
+// A menu item (a null title is a separator). Keys that work alone (no modifier) are handled by the window's key handling,
 // so that they also reach it from the picture; the menu only shows them.
 struct MenuItem {
     const char *title;
@@ -69,12 +70,15 @@ void MainWindow::buildMenus()
     const auto modeItem = [](const char *title, DisplayMode m, QKeySequence key) {
         return MenuItem{title, key, false, [m](MainWindow &w) { w.setDisplayMode(m); }};
     };
+    const MenuItem separator{nullptr, QKeySequence(), false, {}};
     const std::pair<const char *, std::vector<MenuItem>> menus[] = {
         {"File",
          {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
           {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
           {"Next image files", QKeySequence(Qt::Key_Space), true, &MainWindow::cpNext},
-          {"Prev. image files", QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev}}},
+          {"Prev. image files", QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev},
+          separator,
+          {"Orientation Tag Edit...", QKeySequence(), false, [](MainWindow &w) { ExifOrientationPanel::show(&w); }}}},
         {"Edit",
          {{"Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), false, &MainWindow::cpUndo},
           {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo}}},
@@ -94,6 +98,10 @@ void MainWindow::buildMenus()
     for (const auto &[title, items] : menus) {
         QMenu *menu = menuBar()->addMenu(tr(title));
         for (const MenuItem &item : items) {
+            if (!item.title) {
+                menu->addSeparator();
+                continue;
+            }
             QString text = tr(item.title);
             if (item.bareKey)
                 text += QLatin1Char('\t') + item.key.toString(QKeySequence::NativeText);
@@ -102,8 +110,6 @@ void MainWindow::buildMenus()
                 action->setShortcut(item.key);
             connect(action, &QAction::triggered, this, [this, run = item.run] { run(*this); });
         }
-        if (QLatin1String(title) == QLatin1String("File"))
-            menu->insertSeparator(nullptr);
     }
 }
 
@@ -112,6 +118,7 @@ void MainWindow::connectPanel()
     const std::pair<QString, std::function<void()>> buttons[] = {
         {tr("Open image files..."), [this] { chooseFilesToOpen(); }},
         {tr("Save Display Image..."), [this] { chooseFileToSave(); }},
+        {tr("Orientation Tag Edit..."), [this] { ExifOrientationPanel::show(this); }},
         {tr("Prev."), [this] { cpPrev(); }},
         {tr("Next"), [this] { cpNext(); }},
         {tr("Undo"), [this] { cpUndo(); }},

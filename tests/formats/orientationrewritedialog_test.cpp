@@ -5,11 +5,15 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "app/controlpanelwidget.h"
+#include "app/mainwindow.h"
+#include "core/preferences.h"
 #include "formats/exiforientationpanel.h"
 #include "formats/orientationrewritedialog.h"
 #include "formats/panelaccessoryview.h"
@@ -41,6 +45,29 @@ private slots:
             accessory.popup()->setCurrentIndex(index);
             QCOMPARE(accessory.selectedOrientationValue(), index + 1);
         }
+    }
+
+    void windowOpensTheChooserFromMenuAndPanel()
+    {
+        QTemporaryDir dir;
+        MainWindow window(std::make_unique<Preferences>(dir.filePath(QStringLiteral("p.ini"))));
+        window.show();
+        QAction *menuItem = nullptr;
+        const QList<QAction *> fileItems = window.menuBar()->actions().first()->menu()->actions();
+        for (QAction *action : fileItems)
+            if (action->text() == QStringLiteral("Orientation Tag Edit..."))
+                menuItem = action;
+        QVERIFY(menuItem && fileItems.at(fileItems.indexOf(menuItem) - 1)->isSeparator());
+        const auto openChooser = [&](const std::function<void()> &trigger) {
+            trigger();
+            auto *chooser = window.findChild<QFileDialog *>();
+            QVERIFY(chooser && chooser->isVisible());
+            QCOMPARE(chooser->windowTitle(), QStringLiteral("Exif Orientation Rewrite"));
+            chooser->reject();
+            QTRY_VERIFY(!window.findChild<QFileDialog *>()); // closed and deleted
+        };
+        openChooser([&] { menuItem->trigger(); });
+        openChooser([&] { window.controlPanel()->button(QStringLiteral("Orientation Tag Edit..."))->click(); });
     }
 
     void runReportsProgressAndSummary()
