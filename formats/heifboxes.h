@@ -37,7 +37,6 @@ public:
     QByteArray readBytes(qsizetype count);
     QByteArray readString(); // up to and excluding a NUL
     qsizetype position() const { return at; }
-    qsizetype remaining() const { return end - at; }
 
 private:
     const QByteArray &bytes;

@@ -17,7 +17,6 @@ namespace Vorel::Tiff {
 constexpr qsizetype headerSize = 8;
 constexpr qsizetype entrySize = 12;
 constexpr quint16 typeShort = 3;
-constexpr quint16 typeLong = 4;
 constexpr quint16 typeUndefined = 7;
 
 // Byte-order aware view of a block; reads and writes at offsets the caller has validated.
