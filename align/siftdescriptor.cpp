@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The 128-element gradient-histogram descriptor of each keypoint.
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "align/siftkernels.h"
 #include "align/siftstages.h"
@@ -16,6 +18,7 @@ constexpr float cellSizeFactor = 3.0f;       // cell side hw in layerScale
 constexpr float sqrt2 = 1.4142135f;
 constexpr int windowCells = 5;               // window radius covers 5 cells of the rotated grid...
 constexpr float cellOffset = 1.5f;           // ...centred: cell coordinate of the keypoint
+constexpr double cellReach = 2.5;            // |x'|, |y'| below this land in a cell
 constexpr float binsPerRadian = 1.2732395f;  // 8 / 2pi
 constexpr float weightFactor = 0.125f;       // exp(-(x'^2 + y'^2) / 8): sigma of 2 cells
 constexpr float twoPi = 6.2831855f;
@@ -28,6 +31,27 @@ constexpr float descriptorLength = 512.0f;
 constexpr int accumulatorStrideX = 60;
 constexpr int accumulatorStrideY = 10;
 using Accumulator = std::array<float, 6 * 6 * 10>;
+
+// The columns of one row that can fall inside the 4x4 cells, with a pixel to spare on either
+// side (the exact test is still made per pixel): both rotated coordinates x' = dx c + dy s
+// and y' = dy c - dx s must lie in (-2.5, 2.5). `offset` = ci - C0, so dx = dc - offset.
+std::pair<int64_t, int64_t> columnsInsideCells(float dy, float sinT, float cosT, float offset, int64_t first,
+                                               int64_t last)
+{
+    double lo = static_cast<double>(first), hi = static_cast<double>(last);
+    auto limit = [&](double slope, double intercept) {
+        if (std::abs(slope) < 1e-9)
+            return;
+        double a = (-cellReach - intercept) / slope, b = (cellReach - intercept) / slope;
+        if (a > b)
+            std::swap(a, b);
+        lo = std::max(lo, std::floor(a + offset) - 1);
+        hi = std::min(hi, std::ceil(b + offset) + 1);
+    };
+    limit(cosT, static_cast<double>(dy) * sinT);
+    limit(-static_cast<double>(sinT), static_cast<double>(dy) * cosT);
+    return {static_cast<int64_t>(lo), static_cast<int64_t>(hi)};
+}
 
 void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImage<float> &orientation)
 {
@@ -46,7 +70,10 @@ void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImag
         const float dy = static_cast<float>(row) - k.ri;
         const float *mag = magnitude.row(row);
         const float *ori = orientation.row(row);
-        for (int64_t dc = std::max(1 - c0, -radius); dc <= std::min(w - 2 - c0, radius); ++dc) {
+        const auto [firstDc, lastDc] =
+            columnsInsideCells(dy, sinT, cosT, k.ci - static_cast<float>(c0), std::max(1 - c0, -radius),
+                               std::min(w - 2 - c0, radius));
+        for (int64_t dc = firstDc; dc <= lastDc; ++dc) {
             const int64_t col = c0 + dc;
             const float dx = static_cast<float>(col) - k.ci;
             const float xr = dx * cosT + dy * sinT;

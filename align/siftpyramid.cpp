@@ -43,12 +43,16 @@ std::vector<std::vector<float>> siftBlurKernels()
     return kernels;
 }
 
-SiftImage<float> gaussianBlur(const SiftImage<float> &image, const std::vector<float> &kernel)
+SiftImage<float> gaussianBlur(const SiftImage<float> &image, const std::vector<float> &kernel,
+                              SiftImage<float> &scratch)
 {
-    SiftImage<float> transposed(image.h, image.w);
-    blurPassTransposed(image.data.data(), image.w, image.h, kernel, transposed.data.data());
+    // The scratch buffer only grows, so one allocation serves every blur of a pyramid.
+    scratch.w = image.h;
+    scratch.h = image.w;
+    scratch.data.resize(image.data.size());
+    blurPassTransposed(image.data.data(), image.w, image.h, kernel, scratch.data.data());
     SiftImage<float> out(image.w, image.h);
-    blurPassTransposed(transposed.data.data(), transposed.w, transposed.h, kernel, out.data.data());
+    blurPassTransposed(scratch.data.data(), scratch.w, scratch.h, kernel, out.data.data());
     return out;
 }
 
@@ -56,17 +60,18 @@ SiftPyramid gaussianPyramid(const SiftImage<uint8_t> &doubledInput, int octaves)
 {
     const std::vector<std::vector<float>> kernels = siftBlurKernels();
     SiftPyramid g(static_cast<size_t>(octaves * siftGaussianLayers));
+    SiftImage<float> scratch;
     for (int o = 0; o < octaves; ++o) {
         SiftImage<float> &first = g[o * siftGaussianLayers];
         if (o == 0) {
             SiftImage<float> input(doubledInput.w, doubledInput.h);
             std::copy(doubledInput.data.begin(), doubledInput.data.end(), input.data.begin());
-            first = gaussianBlur(input, kernels[0]);
+            first = gaussianBlur(input, kernels[0], scratch);
         } else {
             first = decimateHalf(g[(o - 1) * siftGaussianLayers + decimatedLayer]);
         }
         for (int l = 1; l < siftGaussianLayers; ++l)
-            g[o * siftGaussianLayers + l] = gaussianBlur(g[o * siftGaussianLayers + l - 1], kernels[l]);
+            g[o * siftGaussianLayers + l] = gaussianBlur(g[o * siftGaussianLayers + l - 1], kernels[l], scratch);
     }
     return g;
 }
@@ -80,8 +85,10 @@ SiftPyramid differencePyramid(const SiftPyramid &gaussians, int octaves)
             const SiftImage<float> &upper = gaussians[o * siftGaussianLayers + l + 1];
             SiftImage<float> &out = d[o * siftDifferenceLayers + l];
             out = SiftImage<float>(lower.w, lower.h);
-            for (size_t i = 0; i < out.data.size(); ++i)
-                out.data[i] = upper.data[i] - lower.data[i];
+            parallelRows(out.h, [&](int64_t first, int64_t end) {
+                for (size_t i = static_cast<size_t>(first * out.w); i < static_cast<size_t>(end * out.w); ++i)
+                    out.data[i] = upper.data[i] - lower.data[i];
+            });
         }
     return d;
 }

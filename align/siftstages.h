@@ -23,7 +23,9 @@ struct SiftGradients {
 
 // The 6 normalised Gaussian kernels, layer 0 first.
 std::vector<std::vector<float>> siftBlurKernels();
-SiftImage<float> gaussianBlur(const SiftImage<float> &image, const std::vector<float> &kernel);
+// `scratch` holds the transposed intermediate; reusing it across blurs saves allocations.
+SiftImage<float> gaussianBlur(const SiftImage<float> &image, const std::vector<float> &kernel,
+                              SiftImage<float> &scratch);
 
 SiftPyramid gaussianPyramid(const SiftImage<uint8_t> &doubledInput, int octaves);
 SiftPyramid differencePyramid(const SiftPyramid &gaussians, int octaves);

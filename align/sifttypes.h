@@ -9,14 +9,17 @@
 #include <cstdint>
 #include <vector>
 
+#include "align/scratchallocator.h"
+
 namespace Vorel {
 
 // Row-major image, element (row, col) at data[row * w + col]; empty data when w or h is 0.
-// Pixel values stay on the 0..255 scale in every stage.
+// Pixel values stay on the 0..255 scale in every stage. A new image's elements are
+// uninitialised: whoever makes one writes all of it.
 template <typename T> struct SiftImage {
     int64_t w = 0;
     int64_t h = 0;
-    std::vector<T> data;
+    std::vector<T, ScratchAllocator<T>> data;
 
     SiftImage() = default;
     SiftImage(int64_t width, int64_t height)
