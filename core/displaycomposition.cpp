@@ -247,22 +247,67 @@ static constexpr float duboisRight[3][3] = {{-0.0434706f, -0.0879388f, -0.001555
 
 namespace {
 
-inline uint8_t duboisChannel(int out, const float l[3], const float r[3])
+// Every product of the anaglyph formulas depends on one byte only, so it is tabulated once:
+// table[out][input][byte] = coefficient * (byte / 255) for Dubois, weight * byte for gray.
+// Summing table entries in formula order gives exactly the bits of the direct formula.
+struct AnaglyphTables {
+    float dubois[3][6][256];
+    float gray[3][256];
+
+    AnaglyphTables()
+    {
+        static constexpr float grayWeights[3] = {0.299f, 0.587f, 0.114f};
+        for (int v = 0; v < 256; ++v) {
+            const float unit = static_cast<float>(v) / 255.0f;
+            for (int out = 0; out < 3; ++out)
+                for (int k = 0; k < 3; ++k) {
+                    dubois[out][k][v] = duboisLeft[out][k] * unit;
+                    dubois[out][k + 3][v] = duboisRight[out][k] * unit;
+                }
+            for (int k = 0; k < 3; ++k)
+                gray[k][v] = grayWeights[k] * static_cast<float>(v);
+        }
+    }
+};
+
+const AnaglyphTables &anaglyphTables()
 {
-    const float *a = duboisLeft[out];
-    const float *b = duboisRight[out];
-    const float sum = a[0] * l[0] + a[1] * l[1] + a[2] * l[2] + b[0] * r[0] + b[1] * r[1] + b[2] * r[2];
-    const float v = sum * 255.0f + 0.5f;
+    static const AnaglyphTables tables;
+    return tables;
+}
+
+inline uint8_t toByte(float v)
+{
     if (v <= 0)
         return 0;
     return v >= 255 ? 255 : static_cast<uint8_t>(v);
 }
 
-// Gray weights on 0..255 values, truncated without rounding.
-inline uint8_t grayOf(const uint8_t *p)
+inline uint8_t duboisChannel(const float (&t)[6][256], const uint8_t *p, const uint8_t *q)
 {
-    const float g = 0.299f * p[red] + 0.587f * p[green] + 0.114f * p[blue];
-    return g >= 255 ? 255 : static_cast<uint8_t>(g);
+    const float sum = t[0][p[red]] + t[1][p[green]] + t[2][p[blue]] + t[3][q[red]] + t[4][q[green]] + t[5][q[blue]];
+    return toByte(sum * 255.0f + 0.5f);
+}
+
+// Gray weights on 0..255 values, truncated without rounding.
+inline uint8_t grayOf(const AnaglyphTables &t, const uint8_t *p)
+{
+    return toByte(t.gray[0][p[red]] + t.gray[1][p[green]] + t.gray[2][p[blue]]);
+}
+
+template <typename PixelFn>
+void composeRows(const QImage &a, const QImage &b, QImage &output, PixelFn pixel)
+{
+    const int64_t w = a.width();
+    parallelRows(a.height(), [&](int64_t begin, int64_t end) {
+        for (int64_t y = begin; y < end; ++y) {
+            const uint8_t *p = a.constScanLine(static_cast<int>(y));
+            const uint8_t *q = b.constScanLine(static_cast<int>(y));
+            auto *out = reinterpret_cast<QRgb *>(output.scanLine(static_cast<int>(y)));
+            for (int64_t x = 0; x < w; ++x, p += 4, q += 4)
+                out[x] = pixel(p, q);
+        }
+    });
 }
 
 } // namespace
@@ -276,26 +321,20 @@ std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second,
     QImage output(a.width(), a.height(), QImage::Format_RGB32);
     if (output.isNull())
         return std::nullopt;
-    const int64_t w = a.width();
-    parallelRows(a.height(), [&](int64_t begin, int64_t end) {
-        for (int64_t y = begin; y < end; ++y) {
-            const uint8_t *p = a.constScanLine(static_cast<int>(y));
-            const uint8_t *q = b.constScanLine(static_cast<int>(y));
-            auto *out = reinterpret_cast<QRgb *>(output.scanLine(static_cast<int>(y)));
-            for (int64_t x = 0; x < w; ++x, p += 4, q += 4) {
-                if (kind == 1) {
-                    out[x] = qRgb(p[red], q[green], q[blue]);
-                } else if (kind == 2) {
-                    const float l[3] = {p[red] / 255.0f, p[green] / 255.0f, p[blue] / 255.0f};
-                    const float r[3] = {q[red] / 255.0f, q[green] / 255.0f, q[blue] / 255.0f};
-                    out[x] = qRgb(duboisChannel(0, l, r), duboisChannel(1, l, r), duboisChannel(2, l, r));
-                } else {
-                    const uint8_t gR = grayOf(q);
-                    out[x] = qRgb(grayOf(p), gR, gR);
-                }
-            }
-        }
-    });
+    const AnaglyphTables &t = anaglyphTables();
+    if (kind == 1) {
+        composeRows(a, b, output, [](const uint8_t *p, const uint8_t *q) { return qRgb(p[red], q[green], q[blue]); });
+    } else if (kind == 2) {
+        composeRows(a, b, output, [&t](const uint8_t *p, const uint8_t *q) {
+            return qRgb(duboisChannel(t.dubois[0], p, q), duboisChannel(t.dubois[1], p, q),
+                        duboisChannel(t.dubois[2], p, q));
+        });
+    } else {
+        composeRows(a, b, output, [&t](const uint8_t *p, const uint8_t *q) {
+            const uint8_t gR = grayOf(t, q);
+            return qRgb(grayOf(t, p), gR, gR);
+        });
+    }
     return output;
 }
 
