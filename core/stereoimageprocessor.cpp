@@ -21,6 +21,16 @@ QImage redrawn(const QImage &image, QSize size)
     return scaled.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
+// A view of columns [x, x+width) of a 32-bit image, sharing its pixels: the halves of a large
+// side-by-side picture cost no copy. The view keeps the whole picture alive; writing to it
+// detaches as any QImage does.
+QImage columnsView(const QImage &image, int x, int width)
+{
+    auto *owner = new QImage(image);
+    return QImage(owner->constBits() + static_cast<qsizetype>(x) * 4, width, owner->height(), owner->bytesPerLine(),
+                  owner->format(), [](void *info) { delete static_cast<QImage *>(info); }, owner);
+}
+
 } // namespace
 
 void StereoImageProcessor::loadPair(const QImage &left, const QImage &right, bool resetHistory)
@@ -41,8 +51,9 @@ void StereoImageProcessor::loadSideBySide(const QImage &image, bool resetHistory
     const int half = image.width() / 2;
     if (image.isNull() || half <= 0)
         return;
-    leftOriginal = image.copy(0, 0, half, image.height());
-    rightOriginal = image.copy(half, 0, half, image.height());
+    const QImage whole = image.depth() == 32 ? image : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    leftOriginal = columnsView(whole, 0, half);
+    rightOriginal = columnsView(whole, half, half);
     resetAfterLoad(resetHistory);
 }
 
