@@ -1,0 +1,243 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "border/borderlayout.h"
+#include "border/imageborderprocessor.h"
+
+using namespace Vorel;
+
+namespace {
+
+constexpr QRgb red = 0xffff0000u, green = 0xff00ff00u, white = 0xffffffffu, black = 0xff000000u;
+
+QImage solid(int w, int h, QRgb colour)
+{
+    QImage image(w, h, QImage::Format_ARGB32);
+    image.fill(colour);
+    return image;
+}
+
+QImage composed(const QImage &left, const QImage &right, const ImageBorderSettings &settings)
+{
+    const std::optional<QImage> image = ImageBorderProcessor().compose(left, right, settings);
+    EXPECT_TRUE(image.has_value());
+    return image ? *image : QImage();
+}
+
+// The worked example: 1000 x 800 images, 3 % border, 3 % dots, so b = 30, t = 60.
+ImageBorderSettings example(BorderLayoutKind kind)
+{
+    ImageBorderSettings s;
+    s.layoutKind = kind;
+    return s;
+}
+
+struct PixelCase {
+    const char *name;
+    BorderLayoutKind kind;
+    QSize canvas;
+    std::vector<std::pair<QPoint, QRgb>> pixels;
+};
+
+class WorkedExample : public testing::TestWithParam<PixelCase> {};
+
+TEST_P(WorkedExample, SizesAndPixels)
+{
+    const PixelCase &c = GetParam();
+    const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), example(c.kind));
+    ASSERT_EQ(image.size(), c.canvas);
+    EXPECT_EQ(image.format(), QImage::Format_ARGB32_Premultiplied);
+    for (const auto &[at, expected] : c.pixels)
+        EXPECT_EQ(image.pixel(at), expected) << "at " << at.x() << "," << at.y();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Layouts, WorkedExample,
+    testing::Values(
+        PixelCase{"sbs", BorderLayoutKind::sbs, {2090, 890},
+                  {{{29, 400}, white}, {{30, 400}, red},     {{1029, 400}, red},  {{1030, 400}, white},
+                   {{1059, 400}, white}, {{1060, 400}, green}, {{2059, 400}, green}, {{2060, 400}, white},
+                   {{500, 59}, white},  {{500, 60}, red},     {{500, 859}, red},   {{500, 860}, white},
+                   // dots of diameter 30 centred 30 below the top, over each slot's middle
+                   {{530, 30}, black},  {{530, 17}, black},   {{530, 43}, black},  {{530, 13}, white},
+                   {{517, 30}, black},  {{546, 30}, white},   {{1560, 30}, black}, {{1030, 30}, white}}},
+        PixelCase{"lrl", BorderLayoutKind::lrl, {3120, 890},
+                  {{{2089, 400}, white}, {{2090, 400}, red}, {{3089, 400}, red}, {{3090, 400}, white},
+                   {{2590, 30}, black}}},
+        PixelCase{"lrrl", BorderLayoutKind::lrrl, {2090, 1750},
+                  {{{30, 919}, white},   {{30, 920}, green},  {{1060, 920}, red},  {{1060, 1719}, red},
+                   {{1060, 1720}, white}, {{530, 890}, black}, {{1560, 890}, black}, {{530, 861}, white}}}),
+    [](const testing::TestParamInfo<PixelCase> &info) { return std::string(info.param.name); });
+
+// Runs of dark pixels along one row: the number of dots crossing it.
+int darkRuns(const QImage &image, int y)
+{
+    int runs = 0;
+    bool inRun = false;
+    for (int x = 0; x < image.width(); ++x) {
+        const bool dark = qGray(image.pixel(x, y)) < 64;
+        runs += dark && !inRun;
+        inRun = dark;
+    }
+    return runs;
+}
+
+struct DotCase {
+    BorderLayoutKind kind;
+    bool useBorder;
+    int topBandRuns;
+    int middleBandRuns; // lrrl: the band between the rows, at y = 890
+};
+
+class FusionDots : public testing::TestWithParam<DotCase> {};
+
+TEST_P(FusionDots, OneDotPerSlotAndNoneWithoutBorder)
+{
+    const DotCase &c = GetParam();
+    ImageBorderSettings s = example(c.kind);
+    s.useBorder = c.useBorder;
+    const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
+    const int topY = c.useBorder ? 30 : 0;
+    EXPECT_EQ(darkRuns(image, topY), c.topBandRuns);
+    if (c.kind == BorderLayoutKind::lrrl && c.useBorder)
+        EXPECT_EQ(darkRuns(image, 890), c.middleBandRuns);
+}
+
+INSTANTIATE_TEST_SUITE_P(Layouts, FusionDots,
+                         testing::Values(DotCase{BorderLayoutKind::sbs, true, 2, 0},
+                                         DotCase{BorderLayoutKind::lrl, true, 3, 0},
+                                         DotCase{BorderLayoutKind::lrrl, true, 2, 2},
+                                         DotCase{BorderLayoutKind::sbs, false, 0, 0},
+                                         DotCase{BorderLayoutKind::lrrl, false, 0, 0}));
+
+TEST(ImageBorderProcessor, FractionalBorderTruncatesCanvasButKeepsSlotFractions)
+{
+    ImageBorderSettings s = example(BorderLayoutKind::sbs);
+    s.useFusionDots = false;
+    s.borderWidthPercent = 3.07;
+    // b = 30.7: W = 2092.1, H = 30.7 + 800 + 30.7 = 861.4.
+    const QImage image = composed(solid(1000, 800, black), solid(1000, 800, black), s);
+    ASSERT_EQ(image.size(), QSize(2092, 861));
+    // The slot starts at x = 30.7, which lands on column 31, not on the truncated 30.
+    EXPECT_EQ(image.pixel(30, 400), white);
+    EXPECT_EQ(image.pixel(31, 400), black);
+    // Rows count from the unrounded bottom edge: the top at 30.7 moves up by 0.4 to row 30.
+    EXPECT_EQ(image.pixel(500, 29), white);
+    EXPECT_EQ(image.pixel(500, 30), black);
+    EXPECT_EQ(image.pixel(500, 829), black);
+    EXPECT_EQ(image.pixel(500, 830), white);
+}
+
+TEST(ImageBorderProcessor, BorderOffGivesBlackBehindRoundCornersAndNoGaps)
+{
+    ImageBorderSettings s = example(BorderLayoutKind::lrrl);
+    s.useBorder = false;
+    s.borderColor = {1, 1, 1, 1};
+    s.cornerRadiusPercent = 10; // 100 pixels
+    const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
+    ASSERT_EQ(image.size(), QSize(2000, 1600));
+    EXPECT_EQ(image.pixel(0, 0), black);
+    EXPECT_EQ(image.pixel(999, 799), black);
+    EXPECT_EQ(image.pixel(1000, 800), black);
+    EXPECT_EQ(image.pixel(500, 400), red);
+    EXPECT_EQ(image.pixel(500, 1200), green);
+    EXPECT_EQ(image.pixel(0, 400), red);
+}
+
+TEST(ImageBorderProcessor, NonPositiveRadiusDrawsSquareCorners)
+{
+    for (double radius : {0.0, -5.0}) {
+        ImageBorderSettings s = example(BorderLayoutKind::sbs);
+        s.cornerRadiusPercent = radius;
+        const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
+        EXPECT_EQ(image.pixel(30, 60), red) << radius;
+        EXPECT_EQ(image.pixel(2059, 859), green) << radius;
+    }
+}
+
+TEST(ImageBorderProcessor, TransparentPixelsReplaceTheBackground)
+{
+    ImageBorderSettings s = example(BorderLayoutKind::sbs);
+    s.borderColor = {0, 0, 1, 1};
+    const QImage image = composed(solid(100, 80, 0x00000000u), solid(100, 80, 0x80ff0000u), s);
+    EXPECT_EQ(qAlpha(image.pixel(50, 40)), 0);
+    EXPECT_EQ(image.pixel(150, 40), 0x80800000u); // premultiplied
+    EXPECT_EQ(image.pixel(1, 40), 0xff0000ffu);
+}
+
+TEST(ImageBorderProcessor, RightImageIsScaledIntoTheLeftSlot)
+{
+    ImageBorderSettings s = example(BorderLayoutKind::sbs);
+    const QImage image = composed(solid(1000, 800, red), solid(300, 200, green), s);
+    ASSERT_EQ(image.size(), QSize(2090, 890));
+    EXPECT_EQ(image.pixel(1060, 60), green);
+    EXPECT_EQ(image.pixel(2059, 859), green);
+    EXPECT_EQ(image.pixel(2060, 859), white);
+}
+
+TEST(ImageBorderProcessor, NoImageWithoutLeftOrWithoutCanvas)
+{
+    const QImage some = solid(100, 80, red);
+    EXPECT_FALSE(ImageBorderProcessor().compose(QImage(), some, example(BorderLayoutKind::sbs)));
+    ImageBorderSettings s = example(BorderLayoutKind::sbs);
+    s.borderWidthPercent = -100; // W = 2w - 3w < 0
+    EXPECT_FALSE(ImageBorderProcessor().compose(some, some, s));
+}
+
+// Everything drawn by one painter over the whole canvas, as the unbanded reference.
+QImage onePainterReference(const QImage &left, const QImage &right, const ImageBorderSettings &s)
+{
+    const BorderLayout layout = borderLayout(left.width(), left.height(), s);
+    QImage canvas(int(layout.width), int(layout.height), QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(s.borderColor.toQColor());
+    QPainter p(&canvas);
+    p.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    p.translate(0, canvas.height() - layout.height);
+    p.setCompositionMode(QPainter::CompositionMode_Source);
+    const double r = s.cornerRadiusPercent / 100 * left.width();
+    for (const Placement &slot : layout.placements) {
+        const QRectF rect(slot.x, slot.y, left.width(), left.height());
+        QPainterPath clip;
+        clip.addRoundedRect(rect, r, r);
+        p.setClipPath(clip);
+        p.drawImage(rect, slot.isRight ? right : left);
+    }
+    p.setClipping(false);
+    p.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    p.setPen(Qt::NoPen);
+    p.setBrush(s.fusionDotColor.toQColor());
+    const double rd = s.fusionDotSizePercent * left.width() / 100 * 0.5;
+    for (const Placement &slot : layout.placements)
+        p.drawEllipse(QPointF(slot.x + left.width() * 0.5, slot.fusionDotY), rd, rd);
+    return canvas;
+}
+
+TEST(ImageBorderProcessor, RowBandsMatchOnePainter)
+{
+    // A gradient so that the fractional sampling shows; sizes put round corners and dots
+    // across the seam between the bands.
+    QImage left(301, 97, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < left.height(); ++y)
+        for (int x = 0; x < left.width(); ++x)
+            left.setPixel(x, y, qRgb(x % 256, (y * 3) % 256, (x + y) % 256));
+    const QImage right = left.mirrored(true, false);
+    ImageBorderSettings s = example(BorderLayoutKind::lrrl);
+    s.borderWidthPercent = 4.37;
+    s.cornerRadiusPercent = 7.3;
+    s.fusionDotSizePercent = 6.1;
+    s.borderColor = {0.2, 0.4, 0.6, 0.8};
+    const QImage image = composed(left, right, s);
+    const QImage reference = onePainterReference(left, right, s);
+    ASSERT_EQ(image.size(), reference.size());
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ASSERT_EQ(image.pixel(x, y), reference.pixel(x, y)) << "first difference at " << x << "," << y;
+}
+
+} // namespace
