@@ -54,7 +54,7 @@ ControlPanelWidget::ControlPanelWidget(QWidget *parent) : QTabWidget(parent)
     fileInformation->setTextInteractionFlags(Qt::TextSelectableByMouse);
     fileLayout->insertWidget(fileLayout->count() - 1, fileInformation);
     addTab(file, tr("File"));
-    addTab(makeButtonPage({tr("Undo"), tr("Redo")}), tr("Edit"));
+    addTab(makeEditPage(), tr("Edit"));
     addTab(makeViewPage(), tr("View"));
     addTab(makeAdjustmentPage(), tr("Adjust"));
     setMinimumWidth(220);
@@ -67,6 +67,19 @@ QWidget *ControlPanelWidget::makeButtonPage(const QStringList &texts)
     for (const QString &text : texts)
         layout->addWidget(new QPushButton(text));
     layout->addStretch();
+    return page;
+}
+
+QWidget *ControlPanelWidget::makeEditPage()
+{
+    QWidget *page = makeButtonPage({tr("Undo"), tr("Redo")});
+    auto *layout = static_cast<QVBoxLayout *>(page->layout());
+    auto *colours = new QGroupBox(tr("Auto Color Matching"));
+    auto *references = new QHBoxLayout(colours);
+    for (const QString &text : {tr("Left ref"), tr("Right ref")})
+        references->addWidget(new QPushButton(text));
+    layout->insertWidget(layout->count() - 1, colours);
+    layout->insertWidget(layout->count() - 1, new QPushButton(tr("Auto align")));
     return page;
 }
 

@@ -52,6 +52,7 @@ private:
     };
 
     QWidget *makeButtonPage(const QStringList &texts);
+    QWidget *makeEditPage();
     QWidget *makeViewPage();
     QWidget *makeAdjustmentPage();
     void onSliderMoved();

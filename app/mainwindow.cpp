@@ -8,15 +8,20 @@
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFutureWatcher>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QtConcurrent/QtConcurrentRun>
 
 #include "app/controlpanelwidget.h"
+#include "align/autoalign.h"
+#include "align/colormatching.h"
 #include "app/pairview.h"
 #include "formats/exiforientationpanel.h"
 #include "formats/imagewriter.h"
@@ -81,7 +86,10 @@ void MainWindow::buildMenus()
           {"Orientation Tag Edit...", QKeySequence(), false, [](MainWindow &w) { ExifOrientationPanel::show(&w); }}}},
         {"Edit",
          {{"Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), false, &MainWindow::cpUndo},
-          {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo}}},
+          {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo},
+          {"Auto align", QKeySequence(Qt::CTRL | Qt::Key_A), false, &MainWindow::cpAutoadj},
+          {"Auto Color Matching(Left ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
+          {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }}}},
         {"View",
          {{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap},
           modeItem("Side by Side", DisplayMode::sbs, QKeySequence(Qt::CTRL | Qt::Key_1)),
@@ -123,6 +131,9 @@ void MainWindow::connectPanel()
         {tr("Next"), [this] { cpNext(); }},
         {tr("Undo"), [this] { cpUndo(); }},
         {tr("Redo"), [this] { cpRedo(); }},
+        {tr("Left ref"), [this] { cpColorMatch(false); }},
+        {tr("Right ref"), [this] { cpColorMatch(true); }},
+        {tr("Auto align"), [this] { cpAutoadj(); }},
         {tr("Full screen"), [this] { cpToggleFullScreen(); }},
         {tr("Fit to screen"), [this] { cpFit(); }},
         {tr("Actual image size"), [this] { cpActualSize(); }},
@@ -271,6 +282,60 @@ void MainWindow::applyHistoryState(const std::optional<ImagePair> &state)
 
 void MainWindow::cpUndo() { applyHistoryState(proc.history.undo()); }
 void MainWindow::cpRedo() { applyHistoryState(proc.history.redo()); }
+
+void MainWindow::pushRenderedPair()
+{
+    if (const std::optional<ImagePair> pair = proc.render(false))
+        proc.history.push(pair->left, pair->right);
+    updateControls();
+}
+
+void MainWindow::cpAutoadj()
+{
+    if (aligning || !requirePair())
+        return;
+    aligning = true;
+    alignedSourceKey = proc.leftOriginal->cacheKey();
+    auto *busy = new QProgressDialog(tr("Aligning the pair..."), QString(), 0, 0, this);
+    busy->setWindowModality(Qt::WindowModal);
+    busy->setMinimumDuration(0);
+    busy->show();
+    auto *watcher = new QFutureWatcher<std::optional<QImage>>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, busy] {
+        busy->deleteLater();
+        watcher->deleteLater();
+        aligning = false;
+        applyAlignment(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(autoAlign, *proc.leftOriginal, *proc.rightOriginal));
+}
+
+void MainWindow::applyAlignment(const std::optional<QImage> &picture)
+{
+    if (!proc.hasPair() || proc.leftOriginal->cacheKey() != alignedSourceKey)
+        return; // another pair was opened meanwhile
+    if (!picture) {
+        alert(tr("Auto align found nothing to match between the two images; the pair is unchanged."));
+        return;
+    }
+    proc.loadSideBySide(*picture, false);
+    panel->showAdjustment(proc.adjustment);
+    if (proc.nTab == StereoImageProcessor::previewTab)
+        onPanelPageChanged(proc.nTab);
+    redisplay();
+    pushRenderedPair();
+}
+
+void MainWindow::cpColorMatch(bool rightReference)
+{
+    if (!requirePair())
+        return;
+    matchColours(proc, rightReference);
+    if (proc.nTab == StereoImageProcessor::previewTab)
+        onPanelPageChanged(proc.nTab);
+    redisplay();
+    pushRenderedPair();
+}
 
 void MainWindow::cpFit()
 {

@@ -41,6 +41,10 @@ public:
     void cpFit();
     void cpActualSize();
     void cpToggleFullScreen();
+    // Aligns on a worker thread behind a window-modal busy dialog; the result is applied here.
+    void cpAutoadj();
+    void cpColorMatch(bool rightReference);
+    bool isAligning() const { return aligning; }
     void setDisplayMode(DisplayMode mode);
     void nudgeAdjustment(double horizontal, double vertical);
 
@@ -62,6 +66,8 @@ private:
     bool openEntryAndShow(const StereoEntry &entry);
     void stepEntry(int direction);
     void applyHistoryState(const std::optional<ImagePair> &state);
+    void applyAlignment(const std::optional<QImage> &picture);
+    void pushRenderedPair();
     void onPanelPageChanged(int page);
     void redisplay();
     void updateControls();
@@ -77,6 +83,8 @@ private:
     QString openedDescription;
     ControlPanelWidget *panel = nullptr;
     PairView *view = nullptr;
+    bool aligning = false;
+    qint64 alignedSourceKey = 0; // the left source an alignment started from
 };
 
 } // namespace Vorel
