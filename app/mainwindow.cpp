@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 
 #include <cstdio>
+#include <utility>
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -23,8 +24,10 @@
 #include "align/autoalign.h"
 #include "align/colormatching.h"
 #include "app/pairview.h"
+#include "core/displaycomposition.h"
 #include "formats/exiforientationpanel.h"
 #include "formats/imagewriter.h"
+#include "projector/projectorlink.h"
 
 namespace Vorel {
 
@@ -61,6 +64,8 @@ MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent
     splitter->setStretchFactor(0, 1);
     setCentralWidget(splitter);
     resize(1280, 800);
+    projection = new ProjectorLink(this, [this] { return projectedPictures(); });
+    connect(view, &PairView::viewChanged, projection, &ProjectorLink::viewChanged);
 
     buildMenus();
     connectPanel();
@@ -101,7 +106,8 @@ void MainWindow::buildMenus()
           {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
           {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
            [](MainWindow &w) { w.panel->setVisible(!w.panel->isVisible()); }},
-          {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen}}},
+          {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen},
+          {"External monitor", QKeySequence(), false, &MainWindow::cpExternalMonitor}}},
     };
     for (const auto &[title, items] : menus) {
         QMenu *menu = menuBar()->addMenu(tr(title));
@@ -135,6 +141,7 @@ void MainWindow::connectPanel()
         {tr("Right ref"), [this] { cpColorMatch(true); }},
         {tr("Auto align"), [this] { cpAutoadj(); }},
         {tr("Full screen"), [this] { cpToggleFullScreen(); }},
+        {tr("External monitor"), [this] { cpExternalMonitor(); }},
         {tr("Fit to screen"), [this] { cpFit(); }},
         {tr("Actual image size"), [this] { cpActualSize(); }},
     };
@@ -186,6 +193,9 @@ bool MainWindow::handleKey(int key)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         cpToggleFullScreen();
+        return true;
+    case Qt::Key_Escape:
+        projection->stop();
         return true;
     case Qt::Key_Space:
         cpNext();
@@ -351,6 +361,19 @@ void MainWindow::cpActualSize()
 
 void MainWindow::cpToggleFullScreen() { isFullScreen() ? showNormal() : showFullScreen(); }
 
+void MainWindow::cpExternalMonitor() { projection->showPanel(); }
+
+std::optional<ProjectedPictures> MainWindow::projectedPictures()
+{
+    // Projectors get the pair at full width even while the window shows half side-by-side.
+    const bool half = std::exchange(proc.isHalf, false);
+    const std::optional<ImagePair> pair = proc.render(false);
+    proc.isHalf = half;
+    if (!pair)
+        return std::nullopt;
+    return ProjectedPictures{pair->left, pair->right, displayImage().value_or(QImage())};
+}
+
 void MainWindow::setDisplayMode(DisplayMode newMode)
 {
     mode = newMode;
@@ -395,6 +418,7 @@ void MainWindow::redisplay()
     } else if (const std::optional<ImagePair> pair = proc.render(true)) {
         view->showPair(pair->left, pair->right);
     }
+    projection->picturesChanged();
 }
 
 void MainWindow::updateControls()
@@ -412,13 +436,20 @@ void MainWindow::updateControls()
     panel->setFileInformation(info);
 }
 
+std::optional<QImage> MainWindow::displayImage() const
+{
+    if (displayModeInfo(mode).anaglyphKind >= 0)
+        return proc.renderAnaglyph(nAnamode, false);
+    const std::optional<ImagePair> pair = proc.render(false);
+    if (!pair)
+        return std::nullopt;
+    return composeSideBySide(pair->left, pair->right);
+}
+
 bool MainWindow::saveDisplayImage(const QString &path)
 {
-    if (displayModeInfo(mode).anaglyphKind >= 0) {
-        const std::optional<QImage> anaglyph = proc.renderAnaglyph(nAnamode, false);
-        return anaglyph && writeImage(*anaglyph, path);
-    }
-    return proc.saveSideBySide(path);
+    const std::optional<QImage> picture = displayImage();
+    return picture && writeImage(*picture, path);
 }
 
 void MainWindow::chooseFilesToOpen()

@@ -16,6 +16,8 @@ namespace Vorel {
 
 class ControlPanelWidget;
 class PairView;
+class ProjectorLink;
+struct ProjectedPictures;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -41,6 +43,7 @@ public:
     void cpFit();
     void cpActualSize();
     void cpToggleFullScreen();
+    void cpExternalMonitor();
     // Aligns on a worker thread behind a window-modal busy dialog; the result is applied here.
     void cpAutoadj();
     void cpColorMatch(bool rightReference);
@@ -52,6 +55,9 @@ public:
     const FolderNavigator &navigator() const { return folder; }
     DisplayMode displayMode() const { return mode; }
     ControlPanelWidget *controlPanel() const { return panel; }
+    ProjectorLink *projector() const { return projection; }
+    // The picture "Save Display Image..." writes and single-picture projection shows.
+    std::optional<QImage> displayImage() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -73,6 +79,7 @@ private:
     void updateControls();
     void chooseFilesToOpen();
     void chooseFileToSave();
+    std::optional<ProjectedPictures> projectedPictures();
 
     std::unique_ptr<Preferences> prefs;
     StereoImageProcessor proc;
@@ -83,6 +90,7 @@ private:
     QString openedDescription;
     ControlPanelWidget *panel = nullptr;
     PairView *view = nullptr;
+    ProjectorLink *projection = nullptr;
     bool aligning = false;
     qint64 alignedSourceKey = 0; // the left source an alignment started from
 };

@@ -30,6 +30,10 @@ PairView::PairView(QWidget *parent) : QWidget(parent)
         connect((areas[0]->*bar)(), &QScrollBar::valueChanged, (areas[1]->*bar)(), &QScrollBar::setValue);
         connect((areas[1]->*bar)(), &QScrollBar::valueChanged, (areas[0]->*bar)(), &QScrollBar::setValue);
     }
+    for (auto bar : {areas[0]->horizontalScrollBar(), areas[0]->verticalScrollBar()}) {
+        connect(bar, &QScrollBar::valueChanged, this, &PairView::reportView);
+        connect(bar, &QScrollBar::rangeChanged, this, &PairView::reportView);
+    }
     areas[1]->hide();
 }
 
@@ -90,18 +94,38 @@ void PairView::resizeEvent(QResizeEvent *event)
         applyZoom();
 }
 
+double PairView::fitScale() const
+{
+    const QSize area = pictureArea();
+    return std::min(double(area.width()) / images[0].width(), double(area.height()) / images[0].height());
+}
+
 void PairView::applyZoom()
 {
     const QImage &first = images[0];
     if (first.isNull())
         return;
-    if (fitting) {
-        const QSize area = pictureArea();
-        scale = std::min(double(area.width()) / first.width(), double(area.height()) / first.height());
-    }
+    if (fitting)
+        scale = fitScale();
     for (int i = 0; i < 2; ++i)
         if (!images[i].isNull())
             labels[i]->resize(std::max(1, int(images[i].width() * scale)), std::max(1, int(images[i].height() * scale)));
+    reportView();
+}
+
+void PairView::reportView()
+{
+    if (images[0].isNull())
+        return;
+    // A picture smaller than its viewport is centred in it, so its centre is what is seen.
+    const auto centre = [](const QScrollBar *bar, int viewport, int picture) {
+        return picture > viewport ? (bar->value() + viewport / 2.0) / picture : 0.5;
+    };
+    const QWidget *viewport = areas[0]->viewport();
+    const double fit = fitScale();
+    emit viewChanged(fit > 0 ? scale / fit : 1.0,
+                     centre(areas[0]->horizontalScrollBar(), viewport->width(), labels[0]->width()),
+                     centre(areas[0]->verticalScrollBar(), viewport->height(), labels[0]->height()));
 }
 
 } // namespace Vorel

@@ -26,11 +26,18 @@ public:
     // Size available to one picture: what the preview copies are made for.
     QSize pictureArea() const;
 
+signals:
+    // After every scroll or zoom: the magnification relative to the fitted one, and the
+    // visible centre as fractions of the picture from its top-left corner.
+    void viewChanged(double z, double u, double v);
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void applyZoom();
+    double fitScale() const;
+    void reportView();
 
     QScrollArea *areas[2];
     QLabel *labels[2];
