@@ -33,7 +33,7 @@ public:
             return std::nullopt;
         uint32_t value = 0;
         for (int i = 0; i < width; ++i) {
-            const uint32_t byte = static_cast<uint8_t>(bytes[begin + at + (little ? width - 1 - i : i)]);
+            const uint32_t byte = static_cast<uint8_t>(bytes.at(qsizetype(begin + at + (little ? width - 1 - i : i))));
             value = (value << 8) | byte;
         }
         return value;
@@ -48,7 +48,7 @@ private:
 // Start and end of the TIFF header inside the APP2 "MPF" segment, if there is one.
 std::optional<std::pair<int64_t, int64_t>> findMpfPayload(const QByteArray &file)
 {
-    const auto byteAt = [&](int64_t i) { return static_cast<uint8_t>(file[i]); };
+    const auto byteAt = [&](int64_t i) { return static_cast<uint8_t>(file.at(qsizetype(i))); };
     if (file.size() < 4 || byteAt(0) != 0xFF || byteAt(1) != 0xD8)
         return std::nullopt;
     int64_t at = 2;
