@@ -9,6 +9,7 @@
 
 #include <QPainter>
 
+#include "core/largebuffer.h"
 #include "core/parallelrows.h"
 #include "core/perspectivewarp.h"
 
@@ -33,14 +34,6 @@ QImage premultiplied32(const QImage &image)
 PixelLayout layoutOf(const QImage &image)
 {
     return {image.width(), image.height(), image.bytesPerLine(), 4, 3};
-}
-
-QImage opaqueBlack(int64_t w, int64_t h)
-{
-    QImage image(static_cast<int>(w), static_cast<int>(h), QImage::Format_RGB32);
-    if (!image.isNull())
-        image.fill(0xff000000u);
-    return image;
 }
 
 } // namespace
@@ -128,7 +121,7 @@ std::vector<uint8_t> warpPerspective(const uint8_t *source, int64_t w, int64_t h
 {
     std::vector<uint8_t> output(static_cast<size_t>(w * h * channels), 0);
     const PixelLayout layout{w, h, w * channels, channels, channels};
-    warpPerspectiveRegion(source, layout, matrix, 0, 0, w, h, output.data(), layout);
+    warpPerspectiveRegion(source, layout, matrix, 0, 0, w, h, output.data(), layout, 0);
     return output;
 }
 
@@ -212,10 +205,13 @@ std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &righ
 
     auto warp = [&](const QImage &image, const PerspectiveMatrix &matrix) {
         const QImage source = premultiplied32(image);
-        QImage output = opaqueBlack(cropW, cropH);
-        if (!output.isNull())
-            warpPerspectiveRegion(source.constBits(), layoutOf(source), matrix, x0, y0, cropW, cropH, output.bits(),
-                                  layoutOf(output));
+        // The warp writes every pixel, opaque black where nothing is sampled; a matrix it
+        // cannot invert samples nothing at all.
+        constexpr uint32_t opaqueBlack = 0xff000000u;
+        QImage output = newLargeImage(static_cast<int>(cropW), static_cast<int>(cropH), QImage::Format_RGB32);
+        if (!output.isNull() && !warpPerspectiveRegion(source.constBits(), layoutOf(source), matrix, x0, y0, cropW,
+                                                       cropH, output.bits(), layoutOf(output), opaqueBlack))
+            output.fill(opaqueBlack);
         return output;
     };
     ImagePair pair{warp(left, *leftMatrix), warp(right, *rightMatrix)};
@@ -318,7 +314,7 @@ std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second,
         return std::nullopt;
     const QImage a = premultiplied32(first);
     const QImage b = premultiplied32(second);
-    QImage output(a.width(), a.height(), QImage::Format_RGB32);
+    QImage output = newLargeImage(a.width(), a.height(), QImage::Format_RGB32);
     if (output.isNull())
         return std::nullopt;
     const AnaglyphTables &t = anaglyphTables();
@@ -341,7 +337,7 @@ std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second,
 QImage composeSideBySide(const QImage &first, const QImage &second)
 {
     const int height = std::max(first.height(), second.height());
-    QImage canvas(first.width() + second.width(), height, QImage::Format_ARGB32_Premultiplied);
+    QImage canvas = newLargeImage(first.width() + second.width(), height, QImage::Format_ARGB32_Premultiplied);
     if (canvas.isNull())
         return canvas;
     canvas.fill(Qt::transparent);

@@ -12,7 +12,9 @@
 // computed alone and rows can be split over cores without changing a bit.
 #include "core/perspectivewarp.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "core/parallelrows.h"
 #include "core/perspectivewarpspan.h"
@@ -75,18 +77,36 @@ RowKernel kernelFor(const PixelLayout &src, const PixelLayout &dst)
     return nullptr;
 }
 
+// Filling a row just before warping it keeps the first touch of fresh pages (and the row
+// itself) on the core that warps it.
+void fillRow(uint8_t *out, int64_t width, int pixelStride, uint32_t background)
+{
+    if (pixelStride == 4) {
+        std::fill_n(reinterpret_cast<uint32_t *>(out), width, background);
+        return;
+    }
+    uint8_t bytes[4];
+    std::memcpy(bytes, &background, sizeof bytes);
+    for (int64_t i = 0; i < width; ++i, out += pixelStride)
+        std::copy_n(bytes, pixelStride, out);
+}
+
 } // namespace
 
 bool warpPerspectiveRegion(const uint8_t *source, const PixelLayout &sourceLayout, const PerspectiveMatrix &matrix,
                            int64_t x0, int64_t y0, int64_t width, int64_t height, uint8_t *destination,
-                           const PixelLayout &destinationLayout)
+                           const PixelLayout &destinationLayout, uint32_t background)
 {
     PerspectiveMatrix inverse;
     const RowKernel kernel = kernelFor(sourceLayout, destinationLayout);
     if (!kernel || !invert(matrix, inverse))
         return false;
+    const int64_t stride = destinationLayout.rowStride;
     parallelRows(height, [&](int64_t begin, int64_t end) {
-        kernel(source, sourceLayout, inverse, x0, y0, width, begin, end, destination, destinationLayout.rowStride);
+        for (int64_t row = begin; row < end; ++row) {
+            fillRow(destination + row * stride, width, destinationLayout.pixelStride, background);
+            kernel(source, sourceLayout, inverse, x0, y0, width, row, row + 1, destination, stride);
+        }
     });
     return true;
 }

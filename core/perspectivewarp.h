@@ -24,10 +24,11 @@ struct PixelLayout {
 // Warps the output rectangle [x0, x0+width) x [y0, y0+height) of a source-sized frame:
 // each output pixel (x, y) samples the source at inverse x (x, y, 1). `destination` holds
 // `height` rows of `width` pixels in `destinationLayout` (its w/h are ignored); pixels
-// that sample nothing are left as they were, so the caller pre-fills them.
+// that sample nothing get the first `pixelStride` bytes of `background` (little-endian), so
+// every destination pixel is written, each row by the core that warps it.
 // Returns false (nothing written) when the matrix cannot be inverted.
 bool warpPerspectiveRegion(const uint8_t *source, const PixelLayout &sourceLayout, const PerspectiveMatrix &matrix,
                            int64_t x0, int64_t y0, int64_t width, int64_t height, uint8_t *destination,
-                           const PixelLayout &destinationLayout);
+                           const PixelLayout &destinationLayout, uint32_t background);
 
 } // namespace Vorel

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "core/largebuffer.h"
 #include "formats/imagelimits.h"
 
 namespace Vorel::Heif {
@@ -36,7 +37,7 @@ std::optional<QImage> decodeHandle(heif_image_handle *handle)
     const uint8_t *plane = heif_image_get_plane_readonly(decoded.get(), heif_channel_interleaved, &stride);
     if (!plane || !isDecodableSize(w, h))
         return std::nullopt;
-    QImage image(w, h, alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    QImage image = newLargeImage(w, h, alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
     if (image.isNull())
         return std::nullopt;
     const int channels = alpha ? 4 : 3;

@@ -6,6 +6,7 @@
 
 #include <turbojpeg.h>
 
+#include "core/largebuffer.h"
 #include "formats/imagelimits.h"
 
 namespace Vorel {
@@ -31,7 +32,7 @@ std::optional<QImage> decodeJpeg(const char *data, qsizetype size)
         return std::nullopt;
     if (!isDecodableSize(width, height) || colorspace == TJCS_CMYK || colorspace == TJCS_YCCK)
         return std::nullopt;
-    QImage image(width, height, QImage::Format_RGB32);
+    QImage image = newLargeImage(width, height, QImage::Format_RGB32);
     if (image.isNull())
         return std::nullopt;
     // BGRX is QImage's RGB32 byte order on little-endian machines; X is filled with 0xff.

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Pictures in huge-page memory behave like QImage's own: row layout, limits, sharing.
+#include <gtest/gtest.h>
+
+#include "core/largebuffer.h"
+
+using namespace Vorel;
+
+TEST(NewLargeImage, RowLayoutMatchesQImage)
+{
+    struct Case {
+        int w, h;
+        QImage::Format format;
+    };
+    for (const Case c : {Case{1, 1, QImage::Format_RGB32}, Case{3, 2, QImage::Format_RGB888},
+                         Case{6000, 4000, QImage::Format_ARGB32_Premultiplied}, Case{5, 7, QImage::Format_Grayscale8}}) {
+        const QImage image = newLargeImage(c.w, c.h, c.format);
+        const QImage reference(c.w, c.h, c.format);
+        ASSERT_FALSE(image.isNull()) << c.w << "x" << c.h;
+        EXPECT_EQ(image.size(), reference.size());
+        EXPECT_EQ(image.format(), reference.format());
+        EXPECT_EQ(image.bytesPerLine(), reference.bytesPerLine());
+    }
+}
+
+TEST(NewLargeImage, ImpossibleSizesGiveNull)
+{
+    EXPECT_TRUE(newLargeImage(0, 5, QImage::Format_RGB32).isNull());
+    EXPECT_TRUE(newLargeImage(5, -1, QImage::Format_RGB32).isNull());
+    EXPECT_TRUE(newLargeImage(70000, 70000, QImage::Format_RGB32).isNull()); // more bytes than an int holds
+}
+
+TEST(NewLargeImage, CopiesDetachAndOutliveTheOriginal)
+{
+    QImage copy;
+    {
+        QImage image = newLargeImage(1024, 1024, QImage::Format_RGB32);
+        image.fill(0xff112233u);
+        copy = image;
+        image.setPixel(0, 0, 0xff000000u); // detaches: the copy keeps its pixel
+    }
+    EXPECT_EQ(copy.pixel(0, 0), 0xff112233u);
+    EXPECT_EQ(copy.pixel(1023, 1023), 0xff112233u);
+}
