@@ -34,7 +34,7 @@ constexpr SliderSpec sliderSpecs[] = {
 };
 
 constexpr DisplayMode panelModes[] = {DisplayMode::sbs, DisplayMode::anaglyph, DisplayMode::anaglyphc,
-                                      DisplayMode::anaglyphd, DisplayMode::hsbs};
+                                      DisplayMode::anaglyphd, DisplayMode::hsbs, DisplayMode::imageBorder};
 
 } // namespace
 
@@ -98,7 +98,7 @@ QWidget *ControlPanelWidget::makeViewPage()
         connect(modeButtons[i], &QRadioButton::clicked, this, [this, i] { emit modeChosen(panelModes[i]); });
     }
     modeButtons[0]->setChecked(true);
-    for (const QString &text : {tr("Full screen"), tr("External monitor"), tr("Fit to screen"), tr("Actual image size")})
+    for (const QString &text : {tr("Image with border settings"), tr("Full screen"), tr("External monitor"), tr("Fit to screen"), tr("Actual image size")})
         layout->addWidget(new QPushButton(text));
     layout->addStretch();
     return page;

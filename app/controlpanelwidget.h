@@ -58,7 +58,7 @@ private:
     void onSliderMoved();
 
     std::array<SliderRow, 4> sliders;
-    std::array<QRadioButton *, 5> modeButtons{};
+    std::array<QRadioButton *, 6> modeButtons{};
     QAbstractButton *swapButton = nullptr;
     QLabel *fileInformation = nullptr;
     StereoAdjustment current;

@@ -24,6 +24,10 @@
 #include "align/autoalign.h"
 #include "align/colormatching.h"
 #include "app/pairview.h"
+#include "border/bordercomposer.h"
+#include "border/borderedpair.h"
+#include "border/imageborderprocessor.h"
+#include "border/imagebordersettingsdialog.h"
 #include "core/displaycomposition.h"
 #include "formats/exiforientationpanel.h"
 #include "formats/imagewriter.h"
@@ -66,6 +70,18 @@ MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent
     resize(1280, 800);
     projection = new ProjectorLink(this, [this] { return projectedPictures(); });
     connect(view, &PairView::viewChanged, projection, &ProjectorLink::viewChanged);
+    ibSettings = ImageBorderSettings::load(*prefs);
+    borderComposer = new BorderComposer(this);
+    connect(borderComposer, &BorderComposer::composed, this, [this](const QImage &picture) {
+        if (mode != DisplayMode::imageBorder)
+            return; // the user has left the mode meanwhile
+        view->showSingle(picture);
+        view->fitToView();
+    });
+    connect(view, &PairView::longPressed, this, [this] {
+        if (mode == DisplayMode::imageBorder)
+            cpBorderSettings();
+    });
 
     buildMenus();
     connectPanel();
@@ -102,6 +118,8 @@ void MainWindow::buildMenus()
           modeItem("Color Anaglyph", DisplayMode::anaglyphc, QKeySequence(Qt::CTRL | Qt::Key_3)),
           modeItem("Dubois Anaglyph", DisplayMode::anaglyphd, QKeySequence(Qt::CTRL | Qt::Key_4)),
           modeItem("Half SBS", DisplayMode::hsbs, QKeySequence(Qt::CTRL | Qt::Key_5)),
+          modeItem("Image with Border", DisplayMode::imageBorder, QKeySequence(Qt::CTRL | Qt::Key_6)),
+          {"Image with border settings", QKeySequence(), false, &MainWindow::cpBorderSettings},
           {"Fit to screen", QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
           {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
           {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
@@ -140,6 +158,7 @@ void MainWindow::connectPanel()
         {tr("Left ref"), [this] { cpColorMatch(false); }},
         {tr("Right ref"), [this] { cpColorMatch(true); }},
         {tr("Auto align"), [this] { cpAutoadj(); }},
+        {tr("Image with border settings"), [this] { cpBorderSettings(); }},
         {tr("Full screen"), [this] { cpToggleFullScreen(); }},
         {tr("External monitor"), [this] { cpExternalMonitor(); }},
         {tr("Fit to screen"), [this] { cpFit(); }},
@@ -363,6 +382,19 @@ void MainWindow::cpToggleFullScreen() { isFullScreen() ? showNormal() : showFull
 
 void MainWindow::cpExternalMonitor() { projection->showPanel(); }
 
+void MainWindow::cpBorderSettings()
+{
+    const std::optional<ImagePair> pair = proc.render(true);
+    auto *sheet = new ImageBorderSettingsDialog(ibSettings, pair ? std::optional(pair->left) : std::nullopt, *prefs,
+                                                this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &ImageBorderSettingsDialog::settingsConfirmed, this, [this](const ImageBorderSettings &settings) {
+        ibSettings = settings;
+        redisplay();
+    });
+    sheet->open();
+}
+
 std::optional<ProjectedPictures> MainWindow::projectedPictures()
 {
     // Projectors get the pair at full width even while the window shows half side-by-side.
@@ -412,7 +444,13 @@ void MainWindow::redisplay()
         view->clear();
         return;
     }
-    if (displayModeInfo(mode).anaglyphKind >= 0) {
+    if (mode == DisplayMode::imageBorder) {
+        borderComposer->request([settings = ibSettings, pair = proc.render(true)]() -> std::optional<QImage> {
+            if (!pair)
+                return std::nullopt;
+            return ImageBorderProcessor().compose(pair->left, pair->right, settings);
+        });
+    } else if (displayModeInfo(mode).anaglyphKind >= 0) {
         if (const std::optional<QImage> anaglyph = proc.renderAnaglyph(nAnamode, true))
             view->showSingle(*anaglyph);
     } else if (const std::optional<ImagePair> pair = proc.render(true)) {
@@ -438,6 +476,8 @@ void MainWindow::updateControls()
 
 std::optional<QImage> MainWindow::displayImage() const
 {
+    if (mode == DisplayMode::imageBorder)
+        return composeBorderedPair(proc, ibSettings, false);
     if (displayModeInfo(mode).anaglyphKind >= 0)
         return proc.renderAnaglyph(nAnamode, false);
     const std::optional<ImagePair> pair = proc.render(false);

@@ -9,11 +9,13 @@
 #include <QMainWindow>
 
 #include "app/foldernavigator.h"
+#include "border/imagebordersettings.h"
 #include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
 
 namespace Vorel {
 
+class BorderComposer;
 class ControlPanelWidget;
 class PairView;
 class ProjectorLink;
@@ -44,6 +46,8 @@ public:
     void cpActualSize();
     void cpToggleFullScreen();
     void cpExternalMonitor();
+    // Opens "Image with border settings" on the current settings.
+    void cpBorderSettings();
     // Aligns on a worker thread behind a window-modal busy dialog; the result is applied here.
     void cpAutoadj();
     void cpColorMatch(bool rightReference);
@@ -54,6 +58,7 @@ public:
     const StereoImageProcessor &processor() const { return proc; }
     const FolderNavigator &navigator() const { return folder; }
     DisplayMode displayMode() const { return mode; }
+    const ImageBorderSettings &borderSettings() const { return ibSettings; }
     ControlPanelWidget *controlPanel() const { return panel; }
     ProjectorLink *projector() const { return projection; }
     // The picture "Save Display Image..." writes and single-picture projection shows.
@@ -91,6 +96,8 @@ private:
     ControlPanelWidget *panel = nullptr;
     PairView *view = nullptr;
     ProjectorLink *projection = nullptr;
+    ImageBorderSettings ibSettings;
+    BorderComposer *borderComposer = nullptr;
     bool aligning = false;
     qint64 alignedSourceKey = 0; // the left source an alignment started from
 };

@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -34,7 +35,36 @@ PairView::PairView(QWidget *parent) : QWidget(parent)
         connect(bar, &QScrollBar::valueChanged, this, &PairView::reportView);
         connect(bar, &QScrollBar::rangeChanged, this, &PairView::reportView);
     }
+    longPress.setSingleShot(true);
+    longPress.setInterval(500);
+    connect(&longPress, &QTimer::timeout, this, &PairView::longPressed);
+    areas[0]->viewport()->installEventFilter(this);
     areas[1]->hide();
+}
+
+bool PairView::eventFilter(QObject *, QEvent *event)
+{
+    constexpr int stillDistance = 4; // a hand holding the button still moves a little
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        const auto *press = static_cast<QMouseEvent *>(event);
+        if (press->button() == Qt::LeftButton) {
+            pressedAt = press->position().toPoint();
+            longPress.start();
+        }
+        break;
+    }
+    case QEvent::MouseMove:
+        if ((static_cast<QMouseEvent *>(event)->position().toPoint() - pressedAt).manhattanLength() > stillDistance)
+            longPress.stop();
+        break;
+    case QEvent::MouseButtonRelease:
+        longPress.stop();
+        break;
+    default:
+        break;
+    }
+    return false;
 }
 
 void PairView::showPair(const QImage &left, const QImage &right)

@@ -4,6 +4,8 @@
 // modes, or one for a single composed picture (anaglyphs).
 #pragma once
 
+#include <QPoint>
+#include <QTimer>
 #include <QWidget>
 
 class QLabel;
@@ -30,9 +32,12 @@ signals:
     // After every scroll or zoom: the magnification relative to the fitted one, and the
     // visible centre as fractions of the picture from its top-left corner.
     void viewChanged(double z, double u, double v);
+    // The left button held still on the picture for half a second.
+    void longPressed();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void applyZoom();
@@ -45,6 +50,8 @@ private:
     bool pairShown = false;
     bool fitting = true;
     double scale = 1;
+    QTimer longPress;
+    QPoint pressedAt;
 };
 
 } // namespace Vorel

@@ -12,7 +12,9 @@
 
 #include "align/autoalign.h"
 #include "align/colormatching.h"
+#include "border/borderedpair.h"
 #include "cli/convertoptions.h"
+#include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
 #include "formats/imagewriter.h"
 
@@ -35,6 +37,12 @@ bool mayOverwrite(const ConvertOptions &options)
 
 bool writeOutput(StereoImageProcessor &proc, const ConvertOptions &options)
 {
+    if (options.output == DisplayMode::imageBorder) {
+        // The border as the user last set it up in the window.
+        const Preferences preferences;
+        const std::optional<QImage> framed = composeBorderedPair(proc, ImageBorderSettings::load(preferences), false);
+        return framed && writeImage(*framed, options.outputPath);
+    }
     const DisplayModeInfo &info = displayModeInfo(options.output);
     if (info.anaglyphKind >= 0) {
         const std::optional<QImage> anaglyph = proc.renderAnaglyph(info.anaglyphKind, false);

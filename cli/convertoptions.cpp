@@ -22,9 +22,6 @@ constexpr InputKindName inputKinds[] = {
     {"mpo", StereoFileKind::mpo, false},
 };
 
-// Outputs this tool can write so far: the display modes with a name, less the bordered one.
-bool isOutputSupported(DisplayMode mode) { return mode != DisplayMode::imageBorder; }
-
 std::vector<double> numberList(const QString &option, const QString &value, qsizetype count)
 {
     const QStringList parts = value.split(QLatin1Char(','));
@@ -63,7 +60,7 @@ const std::vector<OptionRule> &optionRules()
         {"--output", true,
          [](ConvertOptions &o, const QString &v) {
              for (const DisplayModeInfo &info : displayModes)
-                 if (isOutputSupported(info.mode) && v == QLatin1String(info.cliName.data(), info.cliName.size())) {
+                 if (v == QLatin1String(info.cliName.data(), info.cliName.size())) {
                      o.output = info.mode;
                      return;
                  }
@@ -136,7 +133,7 @@ QString convertUsage()
         "usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n"
         "  --input sbs|spatial|separate|mpo   how INPUT holds the pair (default: by extension;\n"
         "                                     two inputs are a separate left/right pair)\n"
-        "  --output sbs|half-sbs|anaglyph-gray|anaglyph-color|anaglyph-dubois\n"
+        "  --output sbs|half-sbs|anaglyph-gray|anaglyph-color|anaglyph-dubois|border\n"
         "                                     what to write (default: sbs)\n"
         "  --swap                             exchange left and right\n"
         "  --auto-align                       align the pair automatically (vertical offset, rotation,\n"

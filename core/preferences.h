@@ -15,7 +15,7 @@ namespace Vorel {
 
 class Preferences {
 public:
-    // The user's store (~/.config/Vorel/Vorel.conf).
+    // The user's store (~/.config/Vorel/Vorel.ini).
     Preferences();
     // A store in the given INI file (tests, isolated runs).
     explicit Preferences(const QString &iniPath);

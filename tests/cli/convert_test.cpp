@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // vorel-cli convert: option parsing, and the real program on real files with its exit codes.
+#include <QDir>
 #include <QFile>
 #include <QImageReader>
 #include <QProcess>
@@ -18,9 +19,14 @@ namespace {
 
 const QString data = QStringLiteral(VOREL_TEST_DATA);
 
-int runCli(const QStringList &arguments, QString *errorText = nullptr)
+// Each run gets an empty preferences store of its own, unless `configHome` names one.
+int runCli(const QStringList &arguments, QString *errorText = nullptr, const QString &configHome = {})
 {
+    QTemporaryDir emptyConfig;
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configHome.isEmpty() ? emptyConfig.path() : configHome);
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(VOREL_CLI), arguments);
     process.waitForFinished(120000);
     if (errorText)
@@ -88,6 +94,26 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
         QImageReader reader(out);
         EXPECT_EQ(reader.size(), c.expectedSize) << c.name;
     }
+}
+
+// The bordered picture follows the border settings stored by the window: here the side-by-side
+// layout at 3 % of 522 px (b = 15.66, top band 31.32), 1090.98 x 766.98 truncated.
+TEST(ConvertProgram, BorderUsesTheStoredSettings)
+{
+    QTemporaryDir config;
+    ASSERT_TRUE(QDir().mkpath(config.filePath(QStringLiteral("Vorel"))));
+    QFile store(config.filePath(QStringLiteral("Vorel/Vorel.ini")));
+    ASSERT_TRUE(store.open(QIODevice::WriteOnly));
+    store.write("[General]\nib.layoutKind=0\n");
+    store.close();
+    const QString out = config.filePath(QStringLiteral("framed.png"));
+    QString errors;
+    ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--output"), QStringLiteral("border"),
+                      data + QStringLiteral("/stereo/02-super-mario.jpg"), out},
+                     &errors, config.path()),
+              0)
+        << errors.toStdString();
+    EXPECT_EQ(QImageReader(out).size(), QSize(1090, 766));
 }
 
 TEST(ConvertProgram, ExitCodesAndNoClobbering)
