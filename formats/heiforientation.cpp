@@ -7,6 +7,7 @@
 #include <set>
 
 #include "formats/heifboxes.h"
+#include "formats/heifmetaedit.h"
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
@@ -174,38 +175,6 @@ QByteArray iprpWithOrientation(
     return makeBox("iprp", payload);
 }
 
-void patchField(QByteArray &bytes, qsizetype at, int width, qint64 value)
-{
-    require(value >= 0 && (width == 8 || value <= qint64(0xFFFFFFFF)));
-    putBigEndian(bytes, at, width, quint64(value));
-}
-
-// Moves the file offsets of item data that lies after the meta box by `delta` bytes.
-void relocateItems(QByteArray &bytes, const ItemLocations &locations, const BoxSpan &meta, qint64 delta)
-{
-    for (const ItemLocation &item : locations.items) {
-        if (item.constructionMethod != 0 || item.dataReference != 0 || delta == 0)
-            continue;
-        bool allAfter = true, anyAfter = false;
-        for (const ItemExtent &extent : item.extents) {
-            const quint64 position = item.baseOffset + extent.offset;
-            require(position < quint64(meta.start) || position >= quint64(meta.end)); // data inside meta cannot move
-            allAfter = allAfter && position >= quint64(meta.end);
-            anyAfter = anyAfter || position >= quint64(meta.end);
-        }
-        if (!anyAfter)
-            continue;
-        if (locations.baseOffsetSize > 0 && allAfter) {
-            patchField(bytes, item.baseOffsetField, locations.baseOffsetSize, qint64(item.baseOffset) + delta);
-            continue;
-        }
-        require(locations.offsetSize > 0);
-        for (const ItemExtent &extent : item.extents)
-            if (item.baseOffset + extent.offset >= quint64(meta.end))
-                patchField(bytes, extent.offsetField, locations.offsetSize, qint64(extent.offset) + delta);
-    }
-}
-
 QByteArray rewritten(const QByteArray &file, int orientation)
 {
     QByteArray bytes = file;
@@ -223,20 +192,7 @@ QByteArray rewritten(const QByteArray &file, int orientation)
 
     editMetadataItems(bytes, children, locations, items, references, orientation);
     const BoxSpan &iprp = requireBox(children, "iprp");
-    const QByteArray newIprp = iprpWithOrientation(bytes, iprp, items, orientation);
-    const qint64 delta = newIprp.size() - (iprp.end - iprp.start);
-    // Track-based boxes hold absolute chunk offsets that this edit does not follow.
-    require(delta == 0 || !findBox(top, "moov"));
-    relocateItems(bytes, locations, meta, delta);
-
-    QByteArray newMeta
-        = bytes.mid(meta.start, iprp.start - meta.start) + newIprp + bytes.mid(iprp.end, meta.end - iprp.end);
-    const bool largeSize = meta.payload - meta.start == 16;
-    if (largeSize)
-        patchField(newMeta, 8, 8, newMeta.size());
-    else if (Cursor(bytes, meta.start, meta.end).read(4) != 0) // size 0 runs to the end and stays so
-        patchField(newMeta, 0, 4, newMeta.size());
-    return bytes.left(meta.start) + newMeta + bytes.mid(meta.end);
+    return replaceMetaChild(bytes, iprp, iprpWithOrientation(bytes, iprp, items, orientation));
 }
 
 } // namespace
