@@ -14,8 +14,6 @@ namespace Vorel {
 
 namespace {
 
-constexpr int lossyQuality = 90;
-
 std::optional<QByteArray> encodeWithQt(const QImage &image, const char *format)
 {
     QByteArray bytes;

@@ -10,6 +10,9 @@
 
 namespace Vorel {
 
+// The quality of every lossy encoding the application writes (0..100).
+inline constexpr int lossyQuality = 90;
+
 bool writeImage(const QImage &image, const QString &path);
 
 } // namespace Vorel

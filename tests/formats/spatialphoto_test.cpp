@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Spatial photos: camera property boxes against known byte strings, write/read round trips,
+// the real headset capture, and each error with its text.
+#include <QFile>
+#include <QtEndian>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "formats/cameraproperties.h"
+#include "formats/heifimage.h"
+#include "formats/spatialphoto.h"
+
+using namespace Vorel;
+
+namespace {
+
+const QString data = QStringLiteral(VOREL_TEST_DATA "/heic/");
+
+QImage filled(int w, int h, QRgb colour)
+{
+    QImage image(w, h, QImage::Format_RGB32);
+    image.fill(colour);
+    return image;
+}
+
+QString errorOf(const std::function<void()> &run)
+{
+    try {
+        run();
+    } catch (const SpatialPhotoError &error) {
+        return error.description();
+    }
+    return QStringLiteral("(no error)");
+}
+
+QByteArray box(const char *type, const char *hexPayload)
+{
+    const QByteArray payload = QByteArray::fromHex(hexPayload);
+    QByteArray header = QByteArray::fromHex("00000000") + type;
+    header[3] = char(8 + payload.size());
+    return header + payload;
+}
+
+QByteArray uuidBox(const char *hexUuid, const char *hexPayload)
+{
+    return box("uuid", (QByteArray(hexUuid) + hexPayload).constData());
+}
+
+} // namespace
+
+// Byte strings as captures and reference files store them.
+TEST(CameraProperties, DecodeKnownBoxes)
+{
+    const auto cmin = Heif::readIntrinsics(box("cmin", "00001A00020000000100000000800000"), 1024, 768);
+    ASSERT_TRUE(cmin);
+    EXPECT_DOUBLE_EQ(cmin->focalLength, 512);
+    EXPECT_DOUBLE_EQ(cmin->principalX, 256);
+    EXPECT_DOUBLE_EQ(cmin->principalY, 96);
+    const auto device = Heif::readIntrinsics(
+        uuidBox("22cc04c7d6d94e079d904eb6ecbaf3a3", "00001E002622D86E2000000020000000"), 2560, 2560);
+    ASSERT_TRUE(device);
+    EXPECT_NEAR(2 * std::atan(1280 / device->focalLength) * 180 / 3.141592653589793, 80.0, 1e-4);
+    EXPECT_DOUBLE_EQ(device->principalX, 1280);
+    EXPECT_EQ(Heif::readPositionX(uuidBox("4363e9145b7d4aab97aebea69803b434", "000000010000F93F")), 0.063807);
+    EXPECT_EQ(Heif::readPositionX(uuidBox("4363e9145b7d4aab97aebea69803b434", "00000000")), 0.0);
+    EXPECT_EQ(Heif::readDisparity(uuidBox("de22508536cb436587432f8705e7c78a", "00000125")), 293);
+    EXPECT_FALSE(Heif::readDisparity(uuidBox("4363e9145b7d4aab97aebea69803b434", "00000125")));
+    EXPECT_FALSE(Heif::readIntrinsics(box("cmin", "0000"), 10, 10)); // truncated
+}
+
+// 90 degrees over 4000 px: f = 2000; the principal point stays at (2W, 2H) whatever its size.
+TEST(CameraProperties, IntrinsicsRoundTrip)
+{
+    for (const auto &[w, h, f] : {std::tuple{4000, 3000, 2000.0}, std::tuple{64, 48, 1000.0}, std::tuple{2, 2, 0.5}}) {
+        const auto back = Heif::readIntrinsics(Heif::intrinsicsProperty({f, 2.0 * w, 2.0 * h}, w, h), w, h);
+        ASSERT_TRUE(back);
+        EXPECT_NEAR(back->focalLength, f, f * 1e-8) << w;
+        EXPECT_EQ(back->principalX, 2.0 * w);
+        EXPECT_EQ(back->principalY, 2.0 * h);
+    }
+}
+
+TEST(SpatialPhoto, WriteThenReadKeepsOrderSizeAndParameters)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("pair.heic"));
+    // Odd sizes lose their last column and row, so that each eye is one plain coded image.
+    writeSpatialPhoto(filled(65, 49, qRgb(230, 20, 20)), filled(65, 49, qRgb(20, 20, 230)), path, -35, 90, 0.065);
+    const ImagePair pair = readSpatialPhoto(path);
+    EXPECT_EQ(pair.left.size(), QSize(64, 48));
+    EXPECT_EQ(pair.right.size(), QSize(64, 48));
+    EXPECT_GT(qRed(pair.left.pixel(10, 10)), 200);
+    EXPECT_GT(qBlue(pair.right.pixel(10, 10)), 200);
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    const SpatialParameters parameters = readSpatialParameters(bytes);
+    EXPECT_NEAR(*parameters.fov, 90, 1e-6);
+    EXPECT_EQ(parameters.adj, -35);
+    EXPECT_DOUBLE_EQ(*parameters.stb, 0.065);
+    // One 28-byte stereo pair group (version 0) of two entities, with an id after every item's.
+    const qsizetype ster = bytes.indexOf("ster");
+    ASSERT_GT(ster, 4);
+    const auto u32 = [&](qsizetype at) { return qFromBigEndian<quint32>(bytes.constData() + at); };
+    EXPECT_EQ(u32(ster - 4), 28u);
+    EXPECT_EQ(u32(ster + 4), 0u);
+    EXPECT_EQ(u32(ster + 12), 2u);
+    EXPECT_GT(u32(ster + 8), std::max(u32(ster + 16), u32(ster + 20)));
+}
+
+TEST(SpatialPhoto, ReadsTheHeadsetCapture)
+{
+    const ImagePair pair = readSpatialPhoto(data + QStringLiteral("vision-pro.HEIC"));
+    EXPECT_EQ(pair.left.size(), QSize(2560, 2560));
+    EXPECT_EQ(pair.right.size(), QSize(2560, 2560));
+    QFile file(data + QStringLiteral("vision-pro.HEIC"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const SpatialParameters parameters = readSpatialParameters(file.readAll());
+    ASSERT_TRUE(parameters.fov && parameters.stb && parameters.adj);
+    EXPECT_GT(*parameters.fov, 40);
+    EXPECT_LT(*parameters.fov, 120);
+    EXPECT_GT(*parameters.stb, 0.04); // a human-like eye distance
+    EXPECT_LT(*parameters.stb, 0.08);
+}
+
+TEST(SpatialPhoto, Errors)
+{
+    QTemporaryDir dir;
+    const QString twoImages = dir.filePath(QStringLiteral("two.heic"));
+    {
+        const Heif::Context context(heif_context_alloc());
+        Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
+        Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
+        QFile out(twoImages);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(*Heif::writeContext(context.get()));
+    }
+    const QImage eye = filled(8, 8, qRgb(9, 9, 9));
+    const std::pair<std::function<void()>, QString> cases[] = {
+        {[&] { readSpatialPhoto(data + QStringLiteral("colors-no-alpha-thumbnail.heic")); },
+         QStringLiteral("This is not a spartial photo: Does not contain two or more images (count=1)")},
+        {[&] { readSpatialPhoto(data + QStringLiteral("example.heic")); },
+         QStringLiteral("This is not a spartial photo: No stereo pair group found")},
+        {[&] { readSpatialPhoto(twoImages); }, QStringLiteral("This is not a spartial photo: No stereo pair group found")},
+        {[&] { readSpatialPhoto(dir.filePath(QStringLiteral("missing.heic"))); },
+         QStringLiteral("Could not open the file: missing.heic")},
+        {[&] { readSpatialPhoto(QStringLiteral(VOREL_TEST_DATA "/stereo/left01.jpg")); },
+         QStringLiteral("Could not open the file: left01.jpg")},
+        {[&] { writeSpatialPhoto(eye, eye, dir.filePath(QStringLiteral("no/such/dir/x.heic")), 200, 63.4, 0.01924); },
+         QStringLiteral("Could not create the output destination: x.heic")},
+        {[&] { writeSpatialPhoto(QImage(), eye, dir.filePath(QStringLiteral("y.heic")), 200, 63.4, 0.01924); },
+         QStringLiteral("Could not convert NSImage to CGImage")},
+    };
+    for (const auto &[run, text] : cases)
+        EXPECT_EQ(errorOf(run), text);
+}
