@@ -3,7 +3,6 @@
 #include "app/mainwindow.h"
 
 #include <cstdio>
-#include <utility>
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -24,6 +23,7 @@
 #include "align/autoalign.h"
 #include "align/colormatching.h"
 #include "app/pairview.h"
+#include "app/spatialphotosavepanel.h"
 #include "border/bordercomposer.h"
 #include "border/borderedpair.h"
 #include "border/imageborderprocessor.h"
@@ -31,6 +31,7 @@
 #include "core/displaycomposition.h"
 #include "formats/exiforientationpanel.h"
 #include "formats/imagewriter.h"
+#include "formats/spatialphotoerror.h"
 #include "projector/projectorlink.h"
 
 namespace Vorel {
@@ -101,6 +102,8 @@ void MainWindow::buildMenus()
         {"File",
          {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
           {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
+          {"Save as Spatial Photo...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), false,
+           &MainWindow::cpSaveSpatialPhoto},
           {"Next image files", QKeySequence(Qt::Key_Space), true, &MainWindow::cpNext},
           {"Prev. image files", QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev},
           separator,
@@ -150,6 +153,7 @@ void MainWindow::connectPanel()
     const std::pair<QString, std::function<void()>> buttons[] = {
         {tr("Open image files..."), [this] { chooseFilesToOpen(); }},
         {tr("Save Display Image..."), [this] { chooseFileToSave(); }},
+        {tr("Save as Spatial Photo..."), [this] { cpSaveSpatialPhoto(); }},
         {tr("Orientation Tag Edit..."), [this] { ExifOrientationPanel::show(this); }},
         {tr("Prev."), [this] { cpPrev(); }},
         {tr("Next"), [this] { cpNext(); }},
@@ -382,6 +386,24 @@ void MainWindow::cpToggleFullScreen() { isFullScreen() ? showNormal() : showFull
 
 void MainWindow::cpExternalMonitor() { projection->showPanel(); }
 
+void MainWindow::cpSaveSpatialPhoto()
+{
+    if (!requirePair())
+        return;
+    delete spatialSavePanel;
+    spatialSavePanel = new SpatialPhotoSavePanel(*prefs, this);
+    spatialSavePanel->setAttribute(Qt::WA_DeleteOnClose);
+    spatialSavePanel->completion = [this](const QString &path, double fov, int adj, double stb) {
+        try {
+            proc.saveAsSpatialPhoto(path, adj, fov, stb);
+        } catch (const SpatialPhotoError &error) {
+            std::fprintf(stderr, "save erroe\n");
+            alert(error.description());
+        }
+    };
+    spatialSavePanel->show();
+}
+
 void MainWindow::cpBorderSettings()
 {
     const std::optional<ImagePair> pair = proc.render(true);
@@ -395,12 +417,10 @@ void MainWindow::cpBorderSettings()
     sheet->open();
 }
 
-std::optional<ProjectedPictures> MainWindow::projectedPictures()
+std::optional<ProjectedPictures> MainWindow::projectedPictures() const
 {
     // Projectors get the pair at full width even while the window shows half side-by-side.
-    const bool half = std::exchange(proc.isHalf, false);
-    const std::optional<ImagePair> pair = proc.render(false);
-    proc.isHalf = half;
+    const std::optional<ImagePair> pair = proc.renderFullWidth(false);
     if (!pair)
         return std::nullopt;
     return ProjectedPictures{pair->left, pair->right, displayImage().value_or(QImage())};

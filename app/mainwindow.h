@@ -7,6 +7,7 @@
 #include <functional>
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include "app/foldernavigator.h"
 #include "border/imagebordersettings.h"
@@ -19,6 +20,7 @@ class BorderComposer;
 class ControlPanelWidget;
 class PairView;
 class ProjectorLink;
+class SpatialPhotoSavePanel;
 struct ProjectedPictures;
 
 class MainWindow : public QMainWindow {
@@ -48,6 +50,8 @@ public:
     void cpExternalMonitor();
     // Opens "Image with border settings" on the current settings.
     void cpBorderSettings();
+    // Asks for a file and the spatial photo parameters, then writes the full-width pair.
+    void cpSaveSpatialPhoto();
     // Aligns on a worker thread behind a window-modal busy dialog; the result is applied here.
     void cpAutoadj();
     void cpColorMatch(bool rightReference);
@@ -84,7 +88,7 @@ private:
     void updateControls();
     void chooseFilesToOpen();
     void chooseFileToSave();
-    std::optional<ProjectedPictures> projectedPictures();
+    std::optional<ProjectedPictures> projectedPictures() const;
 
     std::unique_ptr<Preferences> prefs;
     StereoImageProcessor proc;
@@ -98,6 +102,7 @@ private:
     ProjectorLink *projection = nullptr;
     ImageBorderSettings ibSettings;
     BorderComposer *borderComposer = nullptr;
+    QPointer<SpatialPhotoSavePanel> spatialSavePanel; // one at a time
     bool aligning = false;
     qint64 alignedSourceKey = 0; // the left source an alignment started from
 };

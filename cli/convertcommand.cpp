@@ -17,6 +17,8 @@
 #include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
 #include "formats/imagewriter.h"
+#include "formats/spatialphoto.h"
+#include "formats/spatialphotosettings.h"
 
 namespace Vorel {
 
@@ -37,6 +39,15 @@ bool mayOverwrite(const ConvertOptions &options)
 
 bool writeOutput(StereoImageProcessor &proc, const ConvertOptions &options)
 {
+    if (options.spatialOutput) {
+        const SpatialPhotoSettings stored = SpatialPhotoSettings::load(Preferences());
+        try {
+            return proc.saveAsSpatialPhoto(options.outputPath, options.disparityAdjustment.value_or(stored.adj),
+                                           options.fov.value_or(stored.fov), options.stereoBase.value_or(stored.stb));
+        } catch (const SpatialPhotoError &error) {
+            throw ConvertError{error.description()};
+        }
+    }
     if (options.output == DisplayMode::imageBorder) {
         // The border as the user last set it up in the window.
         const Preferences preferences;
@@ -61,7 +72,15 @@ void runConvert(const ConvertOptions &options)
 
     StereoImageProcessor proc;
     const StereoEntry entry{options.input, options.right};
-    if (!openEntry(proc, entry, options.inputKind)) {
+    if (options.inputKind == StereoFileKind::spatial) {
+        // Asked for explicitly, a spatial photo that is none is an error, not a side-by-side picture.
+        try {
+            const ImagePair pair = readSpatialPhoto(options.input);
+            proc.loadPair(pair.left, pair.right, true);
+        } catch (const SpatialPhotoError &error) {
+            throw ConvertError{error.description()};
+        }
+    } else if (!openEntry(proc, entry, options.inputKind)) {
         const bool leftReadable = QFileInfo(options.input).isReadable();
         const QString culprit = entry.isSeparatePair() && leftReadable ? options.right : options.input;
         throw ConvertError{QStringLiteral("cannot read a stereo pair from %1").arg(culprit)};

@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+#include "formats/spatialphotosettings.h"
+
 namespace Vorel {
 
 namespace {
@@ -59,6 +61,9 @@ const std::vector<OptionRule> &optionRules()
          }},
         {"--output", true,
          [](ConvertOptions &o, const QString &v) {
+             o.spatialOutput = v == QLatin1String("spatial");
+             if (o.spatialOutput)
+                 return;
              for (const DisplayModeInfo &info : displayModes)
                  if (v == QLatin1String(info.cliName.data(), info.cliName.size())) {
                      o.output = info.mode;
@@ -78,6 +83,24 @@ const std::vector<OptionRule> &optionRules()
          [](ConvertOptions &o, const QString &v) {
              const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
              o.adjustment = StereoAdjustment{n[0], n[1], n[2], n[3]};
+         }},
+        {"--fov", true,
+         [](ConvertOptions &o, const QString &v) {
+             o.fov = parseFieldOfView(v);
+             if (!o.fov)
+                 throw UsageError{QStringLiteral("--fov expects degrees between 0 and 180, not \"%1\"").arg(v)};
+         }},
+        {"--disparity-adj", true,
+         [](ConvertOptions &o, const QString &v) {
+             o.disparityAdjustment = parseDisparityAdjustment(v);
+             if (!o.disparityAdjustment)
+                 throw UsageError{QStringLiteral("--disparity-adj expects an integer, not \"%1\"").arg(v)};
+         }},
+        {"--stereo-base", true,
+         [](ConvertOptions &o, const QString &v) {
+             o.stereoBase = parseStereoBase(v);
+             if (!o.stereoBase)
+                 throw UsageError{QStringLiteral("--stereo-base expects metres above 0, not \"%1\"").arg(v)};
          }},
         {"--yes", false, [](ConvertOptions &o, const QString &) { o.overwrite = true; }},
     };
@@ -133,8 +156,12 @@ QString convertUsage()
         "usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n"
         "  --input sbs|spatial|separate|mpo   how INPUT holds the pair (default: by extension;\n"
         "                                     two inputs are a separate left/right pair)\n"
-        "  --output sbs|half-sbs|anaglyph-gray|anaglyph-color|anaglyph-dubois|border\n"
+        "  --output sbs|half-sbs|anaglyph-gray|anaglyph-color|anaglyph-dubois|border|spatial\n"
         "                                     what to write (default: sbs)\n"
+        "  --fov F --disparity-adj N --stereo-base M\n"
+        "                                     spatial output: horizontal field of view (degrees),\n"
+        "                                     disparity adjustment, stereo base (metres); default:\n"
+        "                                     the values last used in the window\n"
         "  --swap                             exchange left and right\n"
         "  --auto-align                       align the pair automatically (vertical offset, rotation,\n"
         "                                     size, keystone, horizontal placement)\n"

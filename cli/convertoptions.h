@@ -17,6 +17,10 @@ struct ConvertOptions {
     StereoFileKind inputKind = StereoFileKind::byExtension;
     bool separateInput = false; // --input separate, or two inputs given
     DisplayMode output = DisplayMode::sbs;
+    bool spatialOutput = false; // --output spatial, with these parameters where given
+    std::optional<double> fov;
+    std::optional<int> disparityAdjustment;
+    std::optional<double> stereoBase;
     bool swap = false;
     bool autoAlign = false;
     std::optional<bool> colourReferenceRight; // --color-ref: the side that stays unchanged

@@ -7,6 +7,7 @@
 #include "core/displaycomposition.h"
 #include "core/preferences.h"
 #include "formats/imagewriter.h"
+#include "formats/spatialphoto.h"
 
 namespace Vorel {
 
@@ -79,15 +80,19 @@ std::optional<ImagePair> StereoImageProcessor::renderInputs(bool useCache) const
     return adjustPair(*left, *right, adjustment);
 }
 
-std::optional<ImagePair> StereoImageProcessor::render(bool useCache) const
+std::optional<ImagePair> StereoImageProcessor::renderFullWidth(bool useCache) const
 {
     std::optional<ImagePair> adjusted = renderInputs(useCache);
-    if (!adjusted)
-        return std::nullopt;
-    if (isHalf)
-        adjusted = ImagePair{halfWidth(adjusted->left), halfWidth(adjusted->right)};
-    if (isSwap)
+    if (adjusted && isSwap)
         std::swap(adjusted->left, adjusted->right);
+    return adjusted;
+}
+
+std::optional<ImagePair> StereoImageProcessor::render(bool useCache) const
+{
+    std::optional<ImagePair> adjusted = renderFullWidth(useCache);
+    if (adjusted && isHalf)
+        adjusted = ImagePair{halfWidth(adjusted->left), halfWidth(adjusted->right)};
     return adjusted;
 }
 
@@ -145,6 +150,15 @@ bool StereoImageProcessor::saveSideBySide(const QString &path) const
 {
     const std::optional<ImagePair> pair = render(false);
     return pair && writeImage(composeSideBySide(pair->left, pair->right), path);
+}
+
+bool StereoImageProcessor::saveAsSpatialPhoto(const QString &path, int adj, double fov, double stb) const
+{
+    const std::optional<ImagePair> pair = renderFullWidth(false);
+    if (!pair)
+        return false;
+    writeSpatialPhoto(pair->left, pair->right, path, adj, fov, stb);
+    return true;
 }
 
 } // namespace Vorel

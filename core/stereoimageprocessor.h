@@ -43,6 +43,8 @@ public:
     void loadSideBySide(const QImage &image, bool resetHistory);
 
     std::optional<ImagePair> render(bool useCache) const;
+    // The adjusted (and swapped) pair at full width, whatever isHalf says.
+    std::optional<ImagePair> renderFullWidth(bool useCache) const;
     std::optional<QImage> renderAnaglyph(int kind, bool useCache) const;
 
     // Colour-matches one source image to the other; `matcher(image, reference)` does the
@@ -57,6 +59,9 @@ public:
     static std::optional<QImage> crop(const QImage &image, const QRectF &rect);
 
     bool saveSideBySide(const QString &path) const;
+    // Writes the full-width pair as a spatial photo. False when there is no pair; throws
+    // SpatialPhotoError when writing fails.
+    bool saveAsSpatialPhoto(const QString &path, int adj, double fov, double stb) const;
 
 private:
     void resetAfterLoad(bool resetHistory);

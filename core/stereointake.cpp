@@ -7,6 +7,7 @@
 #include "core/stereoimageprocessor.h"
 #include "formats/imagereader.h"
 #include "formats/mpo.h"
+#include "formats/spatialphoto.h"
 
 namespace Vorel {
 
@@ -28,6 +29,17 @@ bool openMpo(StereoImageProcessor &proc, const QString &path)
         proc.loadPair(left, right, true);
         return true;
     } catch (const MpoError &) {
+        return false;
+    }
+}
+
+bool openSpatialPhoto(StereoImageProcessor &proc, const QString &path)
+{
+    try {
+        const ImagePair pair = readSpatialPhoto(path);
+        proc.loadPair(pair.left, pair.right, true);
+        return true;
+    } catch (const SpatialPhotoError &) {
         return false;
     }
 }
@@ -55,7 +67,9 @@ bool openEntry(StereoImageProcessor &proc, const StereoEntry &entry, StereoFileK
     }
     if (kind == StereoFileKind::mpo && openMpo(proc, entry.left))
         return true;
-    // Spatial photos arrive with their own reader; until then a HEIC file is a side-by-side picture.
+    if (kind == StereoFileKind::spatial && openSpatialPhoto(proc, entry.left))
+        return true;
+    // Files that are not what their kind says are read as side-by-side pictures.
     return openSideBySide(proc, entry.left);
 }
 

@@ -56,6 +56,9 @@ TEST(ConvertOptions, ParsesAndRejects)
         {QStringLiteral("--input"), QStringLiteral("separate"), QStringLiteral("a"), QStringLiteral("b")},
         {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")},
         {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("--input")},
+        {QStringLiteral("--fov"), QStringLiteral("180"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--disparity-adj"), QStringLiteral("abc"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--stereo-base"), QStringLiteral("0"), QStringLiteral("a"), QStringLiteral("b")},
     };
     for (const QStringList &arguments : bad)
         EXPECT_THROW(parseConvertOptions(arguments), UsageError) << arguments.join(QLatin1Char(' ')).toStdString();
@@ -94,6 +97,32 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
         QImageReader reader(out);
         EXPECT_EQ(reader.size(), c.expectedSize) << c.name;
     }
+}
+
+// A spatial photo written headless opens again as the same pair; a HEIC without a stereo pair
+// group is refused when spatial input is asked for.
+TEST(ConvertProgram, SpatialPhotoRoundTrip)
+{
+    QTemporaryDir dir;
+    const QString spatial = dir.filePath(QStringLiteral("pair.heic")), back = dir.filePath(QStringLiteral("back.png"));
+    QString errors;
+    ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--output"), QStringLiteral("spatial"),
+                      QStringLiteral("--fov"), QStringLiteral("70"), QStringLiteral("--disparity-adj"),
+                      QStringLiteral("-12"), data + QStringLiteral("/stereo/02-super-mario.jpg"), spatial},
+                     &errors),
+              0)
+        << errors.toStdString();
+    ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--input"), QStringLiteral("spatial"), spatial, back},
+                     &errors),
+              0)
+        << errors.toStdString();
+    EXPECT_EQ(QImageReader(back).size(), QSize(1044, 720)); // 522 x 720 eyes, even already
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--input"), QStringLiteral("spatial"),
+                      data + QStringLiteral("/heic/example.heic"), back, QStringLiteral("--yes")},
+                     &errors),
+              1);
+    EXPECT_TRUE(errors.contains(QStringLiteral("This is not a spartial photo: No stereo pair group found")))
+        << errors.toStdString();
 }
 
 // The bordered picture follows the border settings stored by the window: here the side-by-side

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/stereoimageprocessor.h"
+#include "core/stereointake.h"
 #include "formats/cameraproperties.h"
 #include "formats/heifimage.h"
 #include "formats/spatialphoto.h"
@@ -156,4 +158,27 @@ TEST(SpatialPhoto, Errors)
     };
     for (const auto &[run, text] : cases)
         EXPECT_EQ(errorOf(run), text);
+}
+
+// Half side-by-side is a way of showing the pair: the spatial photo still gets full-width eyes.
+TEST(SpatialPhoto, ProcessorSavesFullWidthInHalfMode)
+{
+    QTemporaryDir dir;
+    StereoImageProcessor proc;
+    proc.loadSideBySide(filled(200, 60, qRgb(50, 100, 150)), true);
+    proc.isHalf = true;
+    ASSERT_TRUE(proc.saveAsSpatialPhoto(dir.filePath(QStringLiteral("p.heic")), 200, 63.4, 0.01924));
+    EXPECT_TRUE(proc.isHalf);
+    EXPECT_EQ(readSpatialPhoto(dir.filePath(QStringLiteral("p.heic"))).left.size(), QSize(100, 60));
+    EXPECT_FALSE(StereoImageProcessor().saveAsSpatialPhoto(dir.filePath(QStringLiteral("q.heic")), 200, 63.4, 0.01924));
+}
+
+// Opening: a spatial photo becomes its pair, a HEIC without a stereo pair group a side-by-side picture.
+TEST(SpatialPhoto, OpensThroughIntake)
+{
+    for (const auto &[file, eye] : {std::pair{"vision-pro.HEIC", QSize(2560, 2560)}, std::pair{"example.heic", QSize(640, 854)}}) {
+        StereoImageProcessor proc;
+        ASSERT_TRUE(openEntry(proc, {data + QString::fromLatin1(file), {}})) << file;
+        EXPECT_EQ(proc.leftOriginal->size(), eye) << file;
+    }
 }
