@@ -6,12 +6,14 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QStandardItemModel>
 #include <QVBoxLayout>
 
 namespace Vorel {
@@ -54,11 +56,33 @@ ControlPanelWidget::ControlPanelWidget(QWidget *parent) : QTabWidget(parent)
     fileInformation->setWordWrap(true);
     fileInformation->setTextInteractionFlags(Qt::TextSelectableByMouse);
     fileLayout->insertWidget(fileLayout->count() - 1, fileInformation);
+    recentFiles = new QComboBox;
+    fileLayout->insertWidget(fileLayout->count() - 1, recentFiles);
+    connect(recentFiles, &QComboBox::activated, this, [this](int item) {
+        const int index = recentFiles->itemData(item).toInt(); // the title item has none: -1
+        recentFiles->setCurrentIndex(0);
+        if (index >= 0)
+            emit recentChosen(index);
+    });
+    setRecentTitles({});
     addTab(file, tr("File"));
     addTab(makeEditPage(), tr("Edit"));
     addTab(makeViewPage(), tr("View"));
     addTab(makeAdjustmentPage(), tr("Adjust"));
     setMinimumWidth(220);
+}
+
+void ControlPanelWidget::setRecentTitles(const QStringList &titles)
+{
+    recentFiles->clear();
+    recentFiles->addItem(tr("Recent Files"), -1);
+    if (titles.isEmpty()) {
+        recentFiles->addItem(tr("(No history)"), -1);
+        if (auto *model = qobject_cast<QStandardItemModel *>(recentFiles->model()))
+            model->item(1)->setEnabled(false);
+    }
+    for (int i = 0; i < titles.size(); ++i)
+        recentFiles->addItem(titles[i], i);
 }
 
 QWidget *ControlPanelWidget::makeButtonPage(const QStringList &texts)
@@ -80,7 +104,8 @@ QWidget *ControlPanelWidget::makeEditPage()
     for (const QString &text : {tr("Left ref"), tr("Right ref")})
         references->addWidget(new QPushButton(text));
     layout->insertWidget(layout->count() - 1, colours);
-    layout->insertWidget(layout->count() - 1, new QPushButton(tr("Auto align")));
+    for (const QString &text : {tr("Auto align"), tr("Crop"), tr("Resize")})
+        layout->insertWidget(layout->count() - 1, new QPushButton(text));
     return page;
 }
 

@@ -11,6 +11,7 @@
 #include "core/stereotypes.h"
 
 class QAbstractButton;
+class QComboBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
@@ -33,6 +34,8 @@ public:
     void setFileInformation(const QString &text);
     void setNavigationEnabled(bool previous, bool next);
     void setUndoEnabled(bool undo, bool redo);
+    // The recent-files pop-up: "Recent Files", then these titles (newest first) or "(No history)".
+    void setRecentTitles(const QStringList &titles);
 
     // "%.0f" for whole values, "%.1f" otherwise.
     static QString formatValue(double value);
@@ -44,6 +47,7 @@ signals:
     void adjustmentChanged(const StereoAdjustment &adjustment);
     void modeChosen(DisplayMode mode);
     void swapClicked();
+    void recentChosen(int index); // index into the titles last set
 
 private:
     struct SliderRow {
@@ -61,6 +65,7 @@ private:
     std::array<QRadioButton *, 6> modeButtons{};
     QAbstractButton *swapButton = nullptr;
     QLabel *fileInformation = nullptr;
+    QComboBox *recentFiles = nullptr;
     StereoAdjustment current;
     bool updating = false;
 };

@@ -16,6 +16,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSplitter>
+#include <QUrl>
 #include <QStatusBar>
 #include <QtConcurrent/QtConcurrentRun>
 
@@ -23,6 +24,7 @@
 #include "align/autoalign.h"
 #include "align/colormatching.h"
 #include "app/pairview.h"
+#include "app/resizedialog.h"
 #include "app/spatialphotosavepanel.h"
 #include "border/bordercomposer.h"
 #include "border/borderedpair.h"
@@ -72,6 +74,7 @@ MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent
     projection = new ProjectorLink(this, [this] { return projectedPictures(); });
     connect(view, &PairView::viewChanged, projection, &ProjectorLink::viewChanged);
     ibSettings = ImageBorderSettings::load(*prefs);
+    fileHistory = std::make_unique<FileHistory>(*prefs);
     borderComposer = new BorderComposer(this);
     connect(borderComposer, &BorderComposer::composed, this, [this](const QImage &picture) {
         if (mode != DisplayMode::imageBorder)
@@ -113,7 +116,8 @@ void MainWindow::buildMenus()
           {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo},
           {"Auto align", QKeySequence(Qt::CTRL | Qt::Key_A), false, &MainWindow::cpAutoadj},
           {"Auto Color Matching(Left ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
-          {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }}}},
+          {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
+          {"Resize", QKeySequence(), false, &MainWindow::cpResize}}},
         {"View",
          {{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap},
           modeItem("Side by Side", DisplayMode::sbs, QKeySequence(Qt::CTRL | Qt::Key_1)),
@@ -162,6 +166,7 @@ void MainWindow::connectPanel()
         {tr("Left ref"), [this] { cpColorMatch(false); }},
         {tr("Right ref"), [this] { cpColorMatch(true); }},
         {tr("Auto align"), [this] { cpAutoadj(); }},
+        {tr("Resize"), [this] { cpResize(); }},
         {tr("Image with border settings"), [this] { cpBorderSettings(); }},
         {tr("Full screen"), [this] { cpToggleFullScreen(); }},
         {tr("External monitor"), [this] { cpExternalMonitor(); }},
@@ -171,6 +176,7 @@ void MainWindow::connectPanel()
     for (const auto &[text, run] : buttons)
         connect(panel->button(text), &QPushButton::clicked, this, run);
     connect(panel, &ControlPanelWidget::swapClicked, this, &MainWindow::cpSwap);
+    connect(panel, &ControlPanelWidget::recentChosen, this, &MainWindow::openRecent);
     connect(panel, &ControlPanelWidget::modeChosen, this, &MainWindow::setDisplayMode);
     connect(panel, &ControlPanelWidget::adjustmentChanged, this, [this](const StereoAdjustment &adjustment) {
         proc.adjustment = adjustment;
@@ -261,8 +267,48 @@ bool MainWindow::openPaths(QStringList paths)
     if (!openEntryAndShow(entry))
         return false;
     folder.rebuild(paths[0], pair ? FolderNavigator::filePair : FolderNavigator::singleFile);
+    fileHistory->add(FileHistory::forFiles(paths));
     updateControls();
     return true;
+}
+
+void MainWindow::openRecent(int index)
+{
+    if (index < 0 || index >= int(fileHistory->entries().size()))
+        return;
+    const HistoryEntry entry = fileHistory->entries()[size_t(index)];
+    if (entry.urls.isEmpty()) {
+        alert(tr("Photo library items cannot be opened here."));
+        return;
+    }
+    QStringList paths;
+    for (const QString &url : entry.urls)
+        paths << QUrl(url).toLocalFile();
+    if (!openPaths(paths))
+        alert(tr("Cannot open %1").arg(FileHistory::title(entry)));
+}
+
+void MainWindow::cpResize()
+{
+    if (!requirePair())
+        return;
+    const std::optional<ImagePair> pair = proc.renderFullWidth(false);
+    if (!pair)
+        return;
+    auto *sheet = new ResizeDialog(pair->left.size(), *prefs, this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &ResizeDialog::resizeConfirmed, this, &MainWindow::resizePair);
+    sheet->open();
+}
+
+void MainWindow::resizePair(int width, int height, ResizeMode mode)
+{
+    if (!proc.resizePair(width, height, mode))
+        return;
+    panel->showAdjustment(proc.adjustment);
+    redisplay();
+    view->fitToView();
+    pushRenderedPair();
 }
 
 bool MainWindow::openEntryAndShow(const StereoEntry &entry)
@@ -481,6 +527,10 @@ void MainWindow::redisplay()
 
 void MainWindow::updateControls()
 {
+    QStringList titles;
+    for (const HistoryEntry &entry : fileHistory->entries())
+        titles << FileHistory::title(entry);
+    panel->setRecentTitles(titles);
     panel->setNavigationEnabled(folder.canStep(-1), folder.canStep(+1));
     panel->setUndoEnabled(proc.history.undoCount() >= 2, proc.history.redoCount() > 0);
     QString info;

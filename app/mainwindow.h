@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include "app/filehistory.h"
 #include "app/foldernavigator.h"
 #include "border/imagebordersettings.h"
 #include "core/preferences.h"
@@ -52,6 +53,12 @@ public:
     void cpBorderSettings();
     // Asks for a file and the spatial photo parameters, then writes the full-width pair.
     void cpSaveSpatialPhoto();
+    // Opens the resize sheet on the current size; confirming resizes both images.
+    void cpResize();
+    void resizePair(int width, int height, ResizeMode mode);
+    // Reopens entry `index` of the recent files, as the open command would.
+    void openRecent(int index);
+    const FileHistory &recentFiles() const { return *fileHistory; }
     // Aligns on a worker thread behind a window-modal busy dialog; the result is applied here.
     void cpAutoadj();
     void cpColorMatch(bool rightReference);
@@ -103,6 +110,7 @@ private:
     ImageBorderSettings ibSettings;
     BorderComposer *borderComposer = nullptr;
     QPointer<SpatialPhotoSavePanel> spatialSavePanel; // one at a time
+    std::unique_ptr<FileHistory> fileHistory;
     bool aligning = false;
     qint64 alignedSourceKey = 0; // the left source an alignment started from
 };

@@ -97,6 +97,10 @@ void runConvert(const ConvertOptions &options)
         matchColours(proc, *options.colourReferenceRight);
     if (options.adjustment)
         proc.adjustment = *options.adjustment;
+    if (options.crop && !proc.cropPair(*options.crop))
+        throw ConvertError{QStringLiteral("the crop rectangle lies outside the adjusted pair")};
+    if (options.resize && !proc.resizePair(options.resize->width, options.resize->height, options.resize->mode))
+        throw ConvertError{QStringLiteral("cannot resize the pair")};
 
     if (!writeOutput(proc, options))
         throw ConvertError{QStringLiteral("cannot write %1").arg(options.outputPath)};

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/convertoptions.h"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -83,6 +84,32 @@ const std::vector<OptionRule> &optionRules()
          [](ConvertOptions &o, const QString &v) {
              const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
              o.adjustment = StereoAdjustment{n[0], n[1], n[2], n[3]};
+         }},
+        {"--crop", true,
+         [](ConvertOptions &o, const QString &v) {
+             const std::vector<double> n = numberList(QStringLiteral("--crop"), v, 4);
+             if (n[0] < 0 || n[1] < 0 || n[2] < 1 || n[3] < 1)
+                 throw UsageError{QStringLiteral("--crop expects X,Y at least 0 and W,H at least 1")};
+             o.crop = QRect(int(n[0]), int(n[1]), int(n[2]), int(n[3]));
+         }},
+        {"--resize", true,
+         [](ConvertOptions &o, const QString &v) {
+             QStringList parts = v.split(QLatin1Char(','));
+             ResizeMode mode = ResizeMode::stretch;
+             if (parts.size() == 3) {
+                 const QString name = parts.takeLast();
+                 const std::pair<const char *, ResizeMode> modes[] = {
+                     {"stretch", ResizeMode::stretch}, {"crop-fit", ResizeMode::cropFit}, {"letterbox", ResizeMode::letterbox}};
+                 const auto found = std::find_if(std::begin(modes), std::end(modes),
+                                                 [&](const auto &m) { return name == QLatin1String(m.first); });
+                 if (found == std::end(modes))
+                     throw UsageError{QStringLiteral("--resize: unknown mode \"%1\"").arg(name)};
+                 mode = found->second;
+             }
+             const std::vector<double> n = numberList(QStringLiteral("--resize"), parts.join(QLatin1Char(',')), 2);
+             if (n[0] < 1 || n[1] < 1)
+                 throw UsageError{QStringLiteral("--resize expects a width and height of at least 1")};
+             o.resize = ConvertOptions::Resize{int(n[0]), int(n[1]), mode};
          }},
         {"--fov", true,
          [](ConvertOptions &o, const QString &v) {
@@ -167,6 +194,9 @@ QString convertUsage()
         "                                     size, keystone, horizontal placement)\n"
         "  --color-ref left|right             match the colours of the other image to this one\n"
         "  --adjust H,V,ROT,SCALE             manual adjustment (percent of width, degrees, percent)\n"
+        "  --crop X,Y,W,H                     cut this rectangle (pixels of the adjusted pair) from both views\n"
+        "  --resize W,H[,stretch|crop-fit|letterbox]\n"
+        "                                     bring both views to W x H (default: stretch)\n"
         "  --yes                              overwrite OUTPUT without asking\n"
         "The extension of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n");
 }

@@ -5,10 +5,12 @@
 
 #include <optional>
 
+#include <QRect>
 #include <QString>
 #include <QStringList>
 
 #include "core/stereointake.h"
+#include "core/pairresize.h"
 #include "core/stereotypes.h"
 
 namespace Vorel {
@@ -25,6 +27,12 @@ struct ConvertOptions {
     bool autoAlign = false;
     std::optional<bool> colourReferenceRight; // --color-ref: the side that stays unchanged
     std::optional<StereoAdjustment> adjustment;
+    std::optional<QRect> crop; // pixels of the adjusted pair
+    struct Resize {
+        int width, height;
+        ResizeMode mode;
+    };
+    std::optional<Resize> resize;
     bool overwrite = false;
 
     QString input;

@@ -146,6 +146,37 @@ std::optional<QImage> StereoImageProcessor::crop(const QImage &image, const QRec
     return image.copy(inside);
 }
 
+bool StereoImageProcessor::replaceByAdjusted(const std::function<std::optional<QImage>(const QImage &)> &change)
+{
+    // In source order: swapping only ever changes the order of what is shown.
+    const std::optional<ImagePair> adjusted = renderInputs(false);
+    if (!adjusted)
+        return false;
+    const std::optional<QImage> left = change(adjusted->left), right = change(adjusted->right);
+    if (!left || !right)
+        return false;
+    loadPair(*left, *right, false);
+    return true;
+}
+
+bool StereoImageProcessor::cropPair(const QRectF &rect)
+{
+    return replaceByAdjusted([&rect](const QImage &image) { return crop(image, rect); });
+}
+
+bool StereoImageProcessor::cropPair(const QRect &pixels)
+{
+    return replaceByAdjusted([&pixels](const QImage &image) -> std::optional<QImage> {
+        const QRect inside = pixels.intersected(image.rect());
+        return inside.isEmpty() ? std::nullopt : std::optional(image.copy(inside));
+    });
+}
+
+bool StereoImageProcessor::resizePair(int width, int height, ResizeMode mode)
+{
+    return replaceByAdjusted([=](const QImage &image) { return resizeImage(image, width, height, mode); });
+}
+
 bool StereoImageProcessor::saveSideBySide(const QString &path) const
 {
     const std::optional<ImagePair> pair = render(false);

@@ -5,6 +5,7 @@
 // Single-threaded: one processor is used on one thread only.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include <QImage>
@@ -12,6 +13,7 @@
 #include <QString>
 
 #include "core/imagehistory.h"
+#include "core/pairresize.h"
 #include "core/stereotypes.h"
 
 namespace Vorel {
@@ -58,6 +60,13 @@ public:
     // `rect` in fractions of the image size.
     static std::optional<QImage> crop(const QImage &image, const QRectF &rect);
 
+    // The crop and resize commands: the adjusted pair, each image cut to `rect` or resized,
+    // becomes the new source pair (the history is the caller's). False, with nothing changed,
+    // when there is no pair or an image cannot be made.
+    bool cropPair(const QRectF &rect);
+    bool cropPair(const QRect &pixels); // a rectangle inside the adjusted pair
+    bool resizePair(int width, int height, ResizeMode mode);
+
     bool saveSideBySide(const QString &path) const;
     // Writes the full-width pair as a spatial photo. False when there is no pair; throws
     // SpatialPhotoError when writing fails.
@@ -66,6 +75,7 @@ public:
 private:
     void resetAfterLoad(bool resetHistory);
     std::optional<ImagePair> renderInputs(bool useCache) const;
+    bool replaceByAdjusted(const std::function<std::optional<QImage>(const QImage &)> &change);
 };
 
 template <typename Matcher> void StereoImageProcessor::matchColours(bool flag, Matcher &&matcher)

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/spatialphotosettings.h"
 
-#include <QRegularExpression>
-
+#include "core/decimaltext.h"
 #include "core/preferences.h"
 
 namespace Vorel {
@@ -13,15 +12,6 @@ namespace {
 const QString fovKey = QStringLiteral("spatialPhoto.fov");
 const QString adjKey = QStringLiteral("spatialPhoto.adj");
 const QString stbKey = QStringLiteral("spatialPhoto.stb");
-
-std::optional<double> decimal(const QString &text)
-{
-    bool ok = false;
-    const double value = text.toDouble(&ok);
-    if (!ok || text != text.trimmed()) // toDouble ignores surrounding blanks; a typed value may not have them
-        return std::nullopt;
-    return value;
-}
 
 } // namespace
 
@@ -46,21 +36,18 @@ void SpatialPhotoSettings::save(Preferences &preferences) const
 
 std::optional<double> parseFieldOfView(const QString &text)
 {
-    const std::optional<double> value = decimal(text);
+    const std::optional<double> value = parseDecimalNumber(text);
     return value && *value > 0 && *value < 180 ? value : std::nullopt;
 }
 
 std::optional<int> parseDisparityAdjustment(const QString &text)
 {
-    static const QRegularExpression integer(QStringLiteral("^[+-]?[0-9]+$"));
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    return ok && integer.match(text).hasMatch() ? std::optional(value) : std::nullopt;
+    return parseDecimalInteger(text);
 }
 
 std::optional<double> parseStereoBase(const QString &text)
 {
-    const std::optional<double> value = decimal(text);
+    const std::optional<double> value = parseDecimalNumber(text);
     return value && *value > 0 ? value : std::nullopt;
 }
 
