@@ -202,6 +202,22 @@ QByteArray writePropertyAssociations(const PropertyAssociations &associations)
     return makeFullBox("ipma", associations.version, (associations.flags & ~1u) | quint32(wideIndex), payload);
 }
 
+std::vector<EntityGroup> readEntityGroups(const QByteArray &bytes, const BoxSpan &grpl)
+{
+    std::vector<EntityGroup> groups;
+    for (const BoxSpan &box : readBoxes(bytes, grpl.payload, grpl.end)) {
+        Cursor cursor(bytes, box.payload, box.end);
+        cursor.read(fullBoxHeader);
+        EntityGroup group {box.type, quint32(cursor.read(4)), {}};
+        const auto count = cursor.read(4);
+        require(count <= quint64(box.end - cursor.position()) / 4);
+        for (auto n = count; n > 0; --n)
+            group.entities.push_back(quint32(cursor.read(4)));
+        groups.push_back(group);
+    }
+    return groups;
+}
+
 QByteArray makeBox(const char *type, const QByteArray &payload)
 {
     QByteArray box(4, '\0');

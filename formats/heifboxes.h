@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Bounds-checked reading of the HEIF (ISOBMFF) boxes an in-place metadata edit needs: box
-// spans, item types and references, item locations (iloc) and property associations (ipma).
+// spans, item types and references, item locations (iloc), property associations (ipma) and
+// entity groups (grpl).
 // Every reader throws MalformedBoxes when a structure does not fit its container.
 #pragma once
 
@@ -91,6 +92,14 @@ struct PropertyAssociations {
 PropertyAssociations readPropertyAssociations(const QByteArray &bytes, const BoxSpan &ipma);
 // The whole ipma box; switches to 15-bit indexes when an index needs them.
 QByteArray writePropertyAssociations(const PropertyAssociations &associations);
+
+// grpl: its entity groups ('ster', 'altr', ...), in order. A group's entity count must fit its box.
+struct EntityGroup {
+    QByteArray type;
+    quint32 id;
+    std::vector<quint32> entities;
+};
+std::vector<EntityGroup> readEntityGroups(const QByteArray &bytes, const BoxSpan &grpl);
 
 // A plain box or FullBox with the given payload and a 32-bit size.
 QByteArray makeBox(const char *type, const QByteArray &payload);

@@ -18,9 +18,16 @@ void patchField(QByteArray &bytes, qsizetype at, int width, qint64 value)
     putBigEndian(bytes, at, width, quint64(value));
 }
 
-// Moves the file offsets of item data that lies after the meta box by `delta` bytes.
-void relocateItems(QByteArray &bytes, const ItemLocations &locations, const BoxSpan &meta, qint64 delta)
+// Moves the file offsets of item data that lies after the meta box by `delta` bytes. The
+// location fields are found at their positions in the original file; `edited` is the file
+// after the meta child [childStart, childEnd) was replaced, so later fields sit `delta` further.
+void relocateItems(QByteArray &edited, const ItemLocations &locations, const BoxSpan &meta, const BoxSpan &child,
+                   qint64 delta)
 {
+    const auto patch = [&](qsizetype field, int width, qint64 value) {
+        require(field < child.start || field >= child.end);
+        patchField(edited, field < child.start ? field : field + delta, width, value);
+    };
     for (const ItemLocation &item : locations.items) {
         if (item.constructionMethod != 0 || item.dataReference != 0 || delta == 0)
             continue;
@@ -34,13 +41,13 @@ void relocateItems(QByteArray &bytes, const ItemLocations &locations, const BoxS
         if (!anyAfter)
             continue;
         if (locations.baseOffsetSize > 0 && allAfter) {
-            patchField(bytes, item.baseOffsetField, locations.baseOffsetSize, qint64(item.baseOffset) + delta);
+            patch(item.baseOffsetField, locations.baseOffsetSize, qint64(item.baseOffset) + delta);
             continue;
         }
         require(locations.offsetSize > 0);
         for (const ItemExtent &extent : item.extents)
             if (item.baseOffset + extent.offset >= quint64(meta.end))
-                patchField(bytes, extent.offsetField, locations.offsetSize, qint64(extent.offset) + delta);
+                patch(extent.offsetField, locations.offsetSize, qint64(extent.offset) + delta);
     }
 }
 
@@ -48,23 +55,27 @@ void relocateItems(QByteArray &bytes, const ItemLocations &locations, const BoxS
 
 QByteArray replaceMetaChild(const QByteArray &file, const BoxSpan &child, const QByteArray &replacement)
 {
-    QByteArray bytes = file;
-    const std::vector<BoxSpan> top = readBoxes(bytes, 0, bytes.size());
+    const std::vector<BoxSpan> top = readBoxes(file, 0, file.size());
     const BoxSpan &meta = requireBox(top, "meta");
     require(child.start >= meta.payload && child.end <= meta.end);
-    const std::vector<BoxSpan> children = readBoxes(bytes, meta.payload + 4, meta.end);
+    const std::vector<BoxSpan> children = readBoxes(file, meta.payload + 4, meta.end);
     const qint64 delta = replacement.size() - (child.end - child.start);
     require(delta == 0 || !findBox(top, "moov"));
-    relocateItems(bytes, readItemLocations(bytes, requireBox(children, "iloc")), meta, delta);
+    const ItemLocations locations = readItemLocations(file, requireBox(children, "iloc"));
 
-    QByteArray newMeta =
-        bytes.mid(meta.start, child.start - meta.start) + replacement + bytes.mid(child.end, meta.end - child.end);
+    // The only copy of the file's bytes.
+    QByteArray edited;
+    edited.reserve(file.size() + delta);
+    edited.append(file.constData(), child.start).append(replacement).append(file.constData() + child.end,
+                                                                           file.size() - child.end);
+    relocateItems(edited, locations, meta, child, delta);
+    const qint64 metaSize = meta.end - meta.start + delta;
     const bool largeSize = meta.payload - meta.start == 16;
     if (largeSize)
-        patchField(newMeta, 8, 8, newMeta.size());
-    else if (Cursor(bytes, meta.start, meta.end).read(4) != 0) // size 0 runs to the end and stays so
-        patchField(newMeta, 0, 4, newMeta.size());
-    return bytes.left(meta.start) + newMeta + bytes.mid(meta.end);
+        patchField(edited, meta.start + 8, 8, metaSize);
+    else if (Cursor(file, meta.start, meta.end).read(4) != 0) // size 0 runs to the end and stays so
+        patchField(edited, meta.start, 4, metaSize);
+    return edited;
 }
 
 } // namespace Vorel::Heif

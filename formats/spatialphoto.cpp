@@ -59,18 +59,9 @@ std::optional<std::vector<quint32>> stereoGroup(const Meta &meta)
     const BoxSpan *grpl = findBox(meta.children, "grpl");
     if (!grpl)
         return std::nullopt;
-    for (const BoxSpan &group : readBoxes(meta.bytes, grpl->payload, grpl->end)) {
-        if (group.type != "ster")
-            continue;
-        Cursor cursor(meta.bytes, group.payload, group.end);
-        cursor.read(4); // version, flags
-        cursor.read(4); // group id
-        std::vector<quint32> entities(cursor.read(4));
-        require(entities.size() <= size_t(group.end - group.payload) / 4);
-        for (quint32 &id : entities)
-            id = quint32(cursor.read(4));
-        return entities;
-    }
+    for (const EntityGroup &group : readEntityGroups(meta.bytes, *grpl))
+        if (group.type == "ster")
+            return group.entities;
     return std::nullopt;
 }
 
