@@ -21,6 +21,7 @@
 #include <QtConcurrent/QtConcurrentRun>
 
 #include "app/controlpanelwidget.h"
+#include "app/cropoverlayview.h"
 #include "align/autoalign.h"
 #include "align/colormatching.h"
 #include "app/pairview.h"
@@ -82,6 +83,7 @@ MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent
         view->showSingle(picture);
         view->fitToView();
     });
+    connect(view, &PairView::cropConfirmed, this, &MainWindow::cpCrop);
     connect(view, &PairView::longPressed, this, [this] {
         if (mode == DisplayMode::imageBorder)
             cpBorderSettings();
@@ -117,6 +119,7 @@ void MainWindow::buildMenus()
           {"Auto align", QKeySequence(Qt::CTRL | Qt::Key_A), false, &MainWindow::cpAutoadj},
           {"Auto Color Matching(Left ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
           {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
+          {"Crop", QKeySequence(), false, &MainWindow::cpCrop},
           {"Resize", QKeySequence(), false, &MainWindow::cpResize}}},
         {"View",
          {{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap},
@@ -166,6 +169,7 @@ void MainWindow::connectPanel()
         {tr("Left ref"), [this] { cpColorMatch(false); }},
         {tr("Right ref"), [this] { cpColorMatch(true); }},
         {tr("Auto align"), [this] { cpAutoadj(); }},
+        {tr("Crop"), [this] { cpCrop(); }},
         {tr("Resize"), [this] { cpResize(); }},
         {tr("Image with border settings"), [this] { cpBorderSettings(); }},
         {tr("Full screen"), [this] { cpToggleFullScreen(); }},
@@ -175,6 +179,7 @@ void MainWindow::connectPanel()
     };
     for (const auto &[text, run] : buttons)
         connect(panel->button(text), &QPushButton::clicked, this, run);
+    cropButton = panel->button(tr("Crop"));
     connect(panel, &ControlPanelWidget::swapClicked, this, &MainWindow::cpSwap);
     connect(panel, &ControlPanelWidget::recentChosen, this, &MainWindow::openRecent);
     connect(panel, &ControlPanelWidget::modeChosen, this, &MainWindow::setDisplayMode);
@@ -286,6 +291,46 @@ void MainWindow::openRecent(int index)
         paths << QUrl(url).toLocalFile();
     if (!openPaths(paths))
         alert(tr("Cannot open %1").arg(FileHistory::title(entry)));
+}
+
+void MainWindow::setCropMode(bool on)
+{
+    isCropMode = on;
+    view->setCropMode(on);
+    cropButton->setText(on ? tr("Apply Crop") : tr("Crop"));
+}
+
+void MainWindow::cpCrop()
+{
+    if (!requirePair())
+        return;
+    if (!isCropMode) {
+        setCropMode(true);
+        return;
+    }
+    const CropOverlayView *overlay = view->cropOverlay();
+    const QRectF drawn = overlay->cropRect();
+    const bool cuts = mode != DisplayMode::hsbs && mode != DisplayMode::imageBorder && !drawn.isNull();
+    if (cuts) {
+        // Fractions of the picture the overlay spans, origin top-left.
+        const QSizeF spanned = overlay->size();
+        const QRectF normalised(drawn.x() / spanned.width(), drawn.y() / spanned.height(),
+                                drawn.width() / spanned.width(), drawn.height() / spanned.height());
+        const QSizeF shown = view->shownPictureSize();
+        const std::pair<const char *, double> batchCrop[] = {{"batch.cropX", normalised.x() * shown.width()},
+                                                             {"batch.cropY", normalised.y() * shown.height()},
+                                                             {"batch.cropW", normalised.width() * shown.width()},
+                                                             {"batch.cropH", normalised.height() * shown.height()}};
+        for (const auto &[key, value] : batchCrop)
+            prefs->setNumber(QString::fromLatin1(key), value);
+        if (proc.cropPair(normalised)) {
+            panel->showAdjustment(proc.adjustment);
+            pushRenderedPair();
+        }
+    }
+    setCropMode(false);
+    redisplay();
+    view->fitToView();
 }
 
 void MainWindow::cpResize()

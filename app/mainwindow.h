@@ -15,6 +15,8 @@
 #include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
 
+class QPushButton;
+
 namespace Vorel {
 
 class BorderComposer;
@@ -53,6 +55,10 @@ public:
     void cpBorderSettings();
     // Asks for a file and the spatial photo parameters, then writes the full-width pair.
     void cpSaveSpatialPhoto();
+    // Enters crop mode, or applies the drawn rectangle to both images and leaves it.
+    void cpCrop();
+    bool cropMode() const { return isCropMode; }
+    PairView *pairView() const { return view; }
     // Opens the resize sheet on the current size; confirming resizes both images.
     void cpResize();
     void resizePair(int width, int height, ResizeMode mode);
@@ -90,6 +96,7 @@ private:
     void applyHistoryState(const std::optional<ImagePair> &state);
     void applyAlignment(const std::optional<QImage> &picture);
     void pushRenderedPair();
+    void setCropMode(bool on);
     void onPanelPageChanged(int page);
     void redisplay();
     void updateControls();
@@ -111,6 +118,8 @@ private:
     BorderComposer *borderComposer = nullptr;
     QPointer<SpatialPhotoSavePanel> spatialSavePanel; // one at a time
     std::unique_ptr<FileHistory> fileHistory;
+    bool isCropMode = false;
+    QPushButton *cropButton = nullptr; // its title follows crop mode
     bool aligning = false;
     qint64 alignedSourceKey = 0; // the left source an alignment started from
 };

@@ -9,6 +9,9 @@
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "app/cropoverlayview.h"
 
 namespace Vorel {
 
@@ -96,6 +99,26 @@ void PairView::clear()
         labels[i]->clear();
         labels[i]->resize(0, 0);
     }
+}
+
+void PairView::setCropMode(bool on)
+{
+    for (int i = 0; i < 2; ++i) {
+        delete labels[i]->layout(); // the overlay goes with its label's layout item, not the widget
+        delete overlays[i];
+        overlays[i] = nullptr;
+        if (!on)
+            continue;
+        overlays[i] = new CropOverlayView(labels[i]);
+        auto *fill = new QVBoxLayout(labels[i]); // the overlay spans the whole picture
+        fill->setContentsMargins(0, 0, 0, 0);
+        fill->addWidget(overlays[i]);
+        connect(overlays[i], &CropOverlayView::confirmed, this, &PairView::cropConfirmed);
+    }
+    if (!on)
+        return;
+    for (int i = 0; i < 2; ++i)
+        connect(overlays[i], &CropOverlayView::rectChanged, overlays[1 - i], &CropOverlayView::setCropRect);
 }
 
 QSize PairView::pictureArea() const

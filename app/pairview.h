@@ -13,6 +13,8 @@ class QScrollArea;
 
 namespace Vorel {
 
+class CropOverlayView;
+
 class PairView : public QWidget {
     Q_OBJECT
 public:
@@ -27,6 +29,13 @@ public:
     double zoom() const { return scale; }
     // Size available to one picture: what the preview copies are made for.
     QSize pictureArea() const;
+    // The pixel size of the (first) picture shown.
+    QSize shownPictureSize() const { return images[0].size(); }
+
+    // Crop mode: a crop overlay over the first picture, and over the second one showing the
+    // same rectangle. The first one's is what a crop uses.
+    void setCropMode(bool on);
+    CropOverlayView *cropOverlay() const { return overlays[0]; }
 
 signals:
     // After every scroll or zoom: the magnification relative to the fitted one, and the
@@ -34,6 +43,7 @@ signals:
     void viewChanged(double z, double u, double v);
     // The left button held still on the picture for half a second.
     void longPressed();
+    void cropConfirmed();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -46,6 +56,7 @@ private:
 
     QScrollArea *areas[2];
     QLabel *labels[2];
+    CropOverlayView *overlays[2] = {nullptr, nullptr};
     QImage images[2];
     bool pairShown = false;
     bool fitting = true;
