@@ -485,11 +485,17 @@ void MainWindow::cpSaveSpatialPhoto()
     spatialSavePanel = new SpatialPhotoSavePanel(*prefs, this);
     spatialSavePanel->setAttribute(Qt::WA_DeleteOnClose);
     spatialSavePanel->completion = [this](const QString &path, double fov, int adj, double stb) {
+        QApplication::setOverrideCursor(Qt::WaitCursor); // encoding takes seconds for large pictures
+        std::optional<QString> failure;
         try {
             proc.saveAsSpatialPhoto(path, adj, fov, stb);
         } catch (const SpatialPhotoError &error) {
+            failure = error.description();
+        }
+        QApplication::restoreOverrideCursor();
+        if (failure) {
             std::fprintf(stderr, "save erroe\n");
-            alert(error.description());
+            alert(*failure);
         }
     };
     spatialSavePanel->show();

@@ -47,7 +47,7 @@ void growMeta(const QByteArray &bytes, const BoxSpan &meta, const BoxSpan &iprp,
     const ItemLocations before = readItemLocations(bytes, iloc);
     const QByteArray padding = makeBox("free", QByteArray(8, '\0'));
     const QByteArray grown = replaceMetaChild(bytes, iprp, bytes.mid(iprp.start, iprp.end - iprp.start) + padding);
-    const BoxSpan &newMeta = requireBox(readBoxes(grown, 0, grown.size()), "meta");
+    const BoxSpan newMeta = requireBox(readBoxes(grown, 0, grown.size()), "meta");
     const ItemLocations after = readItemLocations(grown, requireBox(readBoxes(grown, newMeta.payload + 4, newMeta.end), "iloc"));
     check(after.items.size() == before.items.size());
     for (size_t i = 0; i < before.items.size(); ++i) {

@@ -33,7 +33,7 @@ std::optional<QImage> decodePrimary(const QByteArray &bytes)
 
 std::vector<BoxSpan> metaChildren(const QByteArray &bytes)
 {
-    const BoxSpan &meta = requireBox(readBoxes(bytes, 0, bytes.size()), "meta");
+    const BoxSpan meta = requireBox(readBoxes(bytes, 0, bytes.size()), "meta");
     return readBoxes(bytes, meta.payload + 4, meta.end);
 }
 

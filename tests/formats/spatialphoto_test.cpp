@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Spatial photos: camera property boxes against known byte strings, write/read round trips,
 // the real headset capture, and each error with its text.
+#include <cmath>
+
 #include <QFile>
 #include <QtEndian>
 #include <QTemporaryDir>
@@ -11,6 +13,7 @@
 #include "core/stereoimageprocessor.h"
 #include "core/stereointake.h"
 #include "formats/cameraproperties.h"
+#include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/spatialphoto.h"
 
@@ -113,19 +116,75 @@ TEST(SpatialPhoto, WriteThenReadKeepsOrderSizeAndParameters)
     EXPECT_GT(u32(ster + 8), std::max(u32(ster + 16), u32(ster + 20)));
 }
 
-TEST(SpatialPhoto, ReadsTheHeadsetCapture)
+// Left is the group's first entity, whatever the order of the images in the file: swapping the
+// two entities of the capture's group swaps the eyes.
+TEST(SpatialPhoto, ReadsTheHeadsetCaptureInGroupOrder)
 {
-    const ImagePair pair = readSpatialPhoto(data + QStringLiteral("vision-pro.HEIC"));
-    EXPECT_EQ(pair.left.size(), QSize(2560, 2560));
-    EXPECT_EQ(pair.right.size(), QSize(2560, 2560));
     QFile file(data + QStringLiteral("vision-pro.HEIC"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const SpatialParameters parameters = readSpatialParameters(file.readAll());
-    ASSERT_TRUE(parameters.fov && parameters.stb && parameters.adj);
-    EXPECT_GT(*parameters.fov, 40);
-    EXPECT_LT(*parameters.fov, 120);
-    EXPECT_GT(*parameters.stb, 0.04); // a human-like eye distance
-    EXPECT_LT(*parameters.stb, 0.08);
+    QByteArray bytes = file.readAll();
+    const SpatialParameters parameters = readSpatialParameters(bytes);
+    EXPECT_NEAR(*parameters.fov, 80.0, 1e-3);
+    EXPECT_EQ(parameters.stb, 0.063774);
+    EXPECT_EQ(parameters.adj, 293);
+
+    const ImagePair pair = readSpatialPhoto(file.fileName());
+    EXPECT_EQ(pair.left.size(), QSize(2560, 2560));
+    EXPECT_FALSE(pair.left == pair.right);
+    const qsizetype entities = bytes.indexOf("ster") + 16;
+    const QByteArray first = bytes.mid(entities, 4);
+    bytes.replace(entities, 4, bytes.mid(entities + 4, 4)).replace(entities + 4, 4, first);
+    QTemporaryDir dir;
+    QFile swapped(dir.filePath(QStringLiteral("swapped.heic")));
+    ASSERT_TRUE(swapped.open(QIODevice::WriteOnly));
+    swapped.write(bytes);
+    swapped.close();
+    const ImagePair reversed = readSpatialPhoto(swapped.fileName());
+    EXPECT_TRUE(reversed.left == pair.right);
+    EXPECT_TRUE(reversed.right == pair.left);
+}
+
+// A photograph survives the default quality at 40 dB or better; the camera properties are
+// associated with both eyes as not essential, so readers that do not know them still decode.
+TEST(SpatialPhoto, WrittenEyesAndTheirProperties)
+{
+    const QImage left(QStringLiteral(VOREL_TEST_DATA "/stereo/left.jpg")), right(QStringLiteral(VOREL_TEST_DATA "/stereo/right.jpg"));
+    ASSERT_FALSE(left.isNull() || right.isNull());
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("photo.heic"));
+    writeSpatialPhoto(left, right, path, 200, 63.4, 0.01924);
+    const ImagePair back = readSpatialPhoto(path);
+    for (const auto &[source, decoded] : {std::pair{left, back.left}, std::pair{right, back.right}}) {
+        const QImage even = source.convertToFormat(QImage::Format_RGB32).copy(0, 0, decoded.width(), decoded.height());
+        double squares = 0;
+        for (int y = 0; y < even.height(); ++y)
+            for (int x = 0; x < even.width(); ++x) {
+                const QRgb a = even.pixel(x, y), b = decoded.pixel(x, y);
+                squares += std::pow(qRed(a) - qRed(b), 2) + std::pow(qGreen(a) - qGreen(b), 2) + std::pow(qBlue(a) - qBlue(b), 2);
+            }
+        EXPECT_GE(10 * std::log10(255.0 * 255.0 * 3 * even.width() * even.height() / squares), 40.0);
+    }
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    using namespace Heif;
+    const BoxSpan meta = requireBox(readBoxes(bytes, 0, bytes.size()), "meta");
+    const std::vector<BoxSpan> children = readBoxes(bytes, meta.payload + 4, meta.end);
+    const std::vector<BoxSpan> iprp = readBoxes(bytes, requireBox(children, "iprp").payload, requireBox(children, "iprp").end);
+    const BoxSpan ipco = requireBox(iprp, "ipco");
+    const std::vector<BoxSpan> properties = readBoxes(bytes, ipco.payload, ipco.end);
+    const std::vector<EntityGroup> groups = readEntityGroups(bytes, requireBox(children, "grpl"));
+    ASSERT_EQ(groups.size(), 1u);
+    const quint32 primary = qFromBigEndian<quint32>(bytes.constData() + requireBox(children, "pitm").payload + 4) >> 16;
+    EXPECT_EQ(groups[0].entities, (std::vector<quint32>{primary, primary + 1}));
+    for (const auto &[id, list] : readPropertyAssociations(bytes, requireBox(iprp, "ipma")).entries) {
+        ASSERT_GE(list.size(), 3u);
+        for (size_t k = list.size() - 3; k < list.size(); ++k) {
+            EXPECT_FALSE(list[k].essential) << id;
+            EXPECT_EQ(properties[list[k].index - 1].type, "uuid") << id;
+        }
+    }
 }
 
 TEST(SpatialPhoto, Errors)
