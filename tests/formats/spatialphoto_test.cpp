@@ -199,6 +199,20 @@ TEST(SpatialPhoto, Errors)
         ASSERT_TRUE(out.open(QIODevice::WriteOnly));
         out.write(*Heif::writeContext(context.get()));
     }
+    // The capture damaged: a stereo group claiming three entities in room for two, and the file
+    // cut in the middle of its picture data.
+    QFile capture(data + QStringLiteral("vision-pro.HEIC"));
+    ASSERT_TRUE(capture.open(QIODevice::ReadOnly));
+    const QByteArray bytes = capture.readAll();
+    QByteArray lyingGroup = bytes;
+    lyingGroup[lyingGroup.indexOf("ster") + 15] = 3;
+    const auto save = [&](const char *name, const QByteArray &content) {
+        QFile out(dir.filePath(QLatin1String(name)));
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(content);
+        return out.fileName();
+    };
+    const QString lying = save("lying.heic", lyingGroup), cut = save("cut.heic", bytes.left(bytes.size() / 2));
     const QImage eye = filled(8, 8, qRgb(9, 9, 9));
     const std::pair<std::function<void()>, QString> cases[] = {
         {[&] { readSpatialPhoto(data + QStringLiteral("colors-no-alpha-thumbnail.heic")); },
@@ -214,6 +228,9 @@ TEST(SpatialPhoto, Errors)
          QStringLiteral("Could not create the output destination: x.heic")},
         {[&] { writeSpatialPhoto(QImage(), eye, dir.filePath(QStringLiteral("y.heic")), 200, 63.4, 0.01924); },
          QStringLiteral("Could not convert NSImage to CGImage")},
+        {[&] { readSpatialPhoto(lying); },
+         QStringLiteral("This is not a spartial photo: The container property cannot be retrieved.")},
+        {[&] { readSpatialPhoto(cut); }, QStringLiteral("Could not open the file: cut.heic")},
     };
     for (const auto &[run, text] : cases)
         EXPECT_EQ(errorOf(run), text);
