@@ -91,12 +91,14 @@ std::vector<SiftKeypoint> computeSiftFeatures(const SiftImage<uint8_t> &image)
     const int octaves = siftOctaveCount(image.w, image.h);
     if (octaves == 0 || image.data.size() < static_cast<size_t>(image.w * image.h))
         return {};
-    // Only the doubled image feeds the pyramid; later octaves come from decimated Gaussians.
-    const SiftPyramid gaussians = gaussianPyramid(upsampleTwice(image), octaves);
-    const SiftPyramid differences = differencePyramid(gaussians, octaves);
-    const SiftGradients gradients = gradientPyramids(gaussians, octaves);
-    std::vector<SiftKeypoint> keypoints = detectKeypoints(differences, gradients, octaves);
-    computeDescriptors(keypoints, gradients);
+    // Only the doubled image feeds the scale space; later octaves come from decimated Gaussians.
+    std::vector<SiftKeypoint> keypoints;
+    walkScaleSpace(upsampleTwice(image), octaves, [&](const SiftScaleLayer &layer) {
+        const std::vector<SiftKeypoint> found = detectKeypoints(layer);
+        const size_t first = keypoints.size();
+        keypoints.insert(keypoints.end(), found.begin(), found.end());
+        computeDescriptors(std::span(keypoints).subspan(first), layer.gradients);
+    });
     return keypoints;
 }
 

@@ -20,19 +20,4 @@ int siftOctaveCount(int64_t w, int64_t h);
 // replicate the top-left sample of their 2x2 cell, truncated toward zero.
 SiftImage<uint8_t> upsampleTwice(const SiftImage<uint8_t> &image);
 
-// Every second pixel of every second row, no averaging; empty when h < 2.
-template <typename T> SiftImage<T> decimateHalf(const SiftImage<T> &image)
-{
-    if (image.h < 2)
-        return {};
-    SiftImage<T> out(image.w / 2, image.h / 2);
-    for (int64_t r = 0; r < out.h; ++r) {
-        const T *in = image.row(2 * r);
-        T *o = out.row(r);
-        for (int64_t c = 0; c < out.w; ++c)
-            o[c] = in[2 * c];
-    }
-    return out;
-}
-
 } // namespace Vorel

@@ -134,14 +134,11 @@ void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImag
 
 } // namespace
 
-void computeDescriptors(std::vector<SiftKeypoint> &keypoints, const SiftGradients &gradients)
+void computeDescriptors(std::span<SiftKeypoint> keypoints, const SiftGradients &gradients)
 {
     parallelRows(static_cast<int64_t>(keypoints.size()), [&](int64_t first, int64_t end) {
-        for (int64_t i = first; i < end; ++i) {
-            SiftKeypoint &k = keypoints[static_cast<size_t>(i)];
-            const size_t layer = static_cast<size_t>(k.octave * siftGaussianLayers + k.layer);
-            describe(k, gradients.magnitude[layer], gradients.orientation[layer]);
-        }
+        for (int64_t i = first; i < end; ++i)
+            describe(keypoints[static_cast<size_t>(i)], gradients.magnitude, gradients.orientation);
     });
 }
 

@@ -8,6 +8,7 @@
 #include <limits>
 #include <optional>
 
+#include "align/siftkernels.h"
 #include "align/siftstages.h"
 #include "core/parallelrows.h"
 
@@ -39,21 +40,20 @@ struct Layer {
     }
 };
 
-bool isExtremum(const SiftImage<float> *layers[3], int64_t r, int64_t c, float v)
+// The 18 neighbours in the layers below and above; the 8 in its own layer are checked by
+// markExtremumCandidates.
+bool beyondNeighbouringLayers(const SiftImage<float> &below, const SiftImage<float> &above, int64_t r, int64_t c,
+                              float v)
 {
-    for (int l = 0; l < 3; ++l) {
-        const SiftImage<float> &image = *layers[l];
+    for (const SiftImage<float> *image : {&below, &above})
         for (int64_t dr = -1; dr <= 1; ++dr) {
-            const float *row = image.row(r + dr);
+            const float *row = image->row(r + dr);
             for (int64_t dc = -1; dc <= 1; ++dc) {
-                if (l == 1 && dr == 0 && dc == 0)
-                    continue;
                 const float n = row[c + dc];
                 if (v > 0 ? !(v > n) : !(v < n))
                     return false;
             }
         }
-    }
     return true;
 }
 
@@ -201,61 +201,56 @@ void appendOrientedKeypoints(const SiftKeypoint &candidate, const Histogram &raw
     }
 }
 
-void detectInRow(const SiftPyramid &differences, const SiftGradients &gradients, int o, int s, int64_t r,
-                 std::vector<SiftKeypoint> &out)
+void detectInRow(const SiftScaleLayer &layer, int64_t r, std::vector<uint8_t> &marks, std::vector<SiftKeypoint> &out)
 {
-    const SiftImage<float> *layers[3] = {&differences[o * siftDifferenceLayers + s - 1],
-                                         &differences[o * siftDifferenceLayers + s],
-                                         &differences[o * siftDifferenceLayers + s + 1]};
-    const int64_t w = layers[1]->w, h = layers[1]->h;
-    const float *row = layers[1]->row(r);
-    const Layer below{*layers[0]}, at{*layers[1]}, above{*layers[2]};
-    const SiftImage<float> &magnitude = gradients.magnitude[o * siftGaussianLayers + s];
-    const SiftImage<float> &orientation = gradients.orientation[o * siftGaussianLayers + s];
-    const float octaveFactor = std::ldexp(1.0f, o - 1);
-    for (int64_t c = border; c < w - border; ++c) {
-        const float v = row[c];
-        if (!(std::abs(v) >= preThreshold) || !isExtremum(layers, r, c, v))
+    const int64_t w = layer.at.w, h = layer.at.h;
+    const Layer below{layer.below}, at{layer.at}, above{layer.above};
+    const float octaveFactor = std::ldexp(1.0f, layer.octave - 1);
+    const int64_t count = w - 2 * border;
+    marks.resize(static_cast<size_t>(count));
+    markExtremumCandidates(layer.at.row(r - 1) + border, layer.at.row(r) + border, layer.at.row(r + 1) + border,
+                           count, preThreshold, marks.data());
+    for (int64_t i = 0; i < count; ++i) {
+        const int64_t c = border + i;
+        if (!marks[static_cast<size_t>(i)] ||
+            !beyondNeighbouringLayers(layer.below, layer.above, r, c, layer.at.at(r, c)))
             continue;
-        const std::optional<Refinement> fit = refine(below, at, above, s, r, c, w, h);
+        const std::optional<Refinement> fit = refine(below, at, above, layer.layer, r, c, w, h);
         if (!fit)
             continue;
         SiftKeypoint k;
-        k.octave = o;
-        k.layer = s;
+        k.octave = layer.octave;
+        k.layer = layer.layer;
         k.ri = static_cast<float>(fit->r) + fit->xr;
         k.ci = static_cast<float>(fit->c) + fit->xc;
-        k.rlayer = static_cast<float>(s) + fit->xs;
+        k.rlayer = static_cast<float>(layer.layer) + fit->xs;
         k.layerScale = baseSigma * std::exp2(k.rlayer / 3);
         k.r = octaveFactor * k.ri;
         k.c = octaveFactor * k.ci;
         k.scale = octaveFactor * k.layerScale;
-        appendOrientedKeypoints(k, orientationHistogram(k, magnitude, orientation), out);
+        appendOrientedKeypoints(k, orientationHistogram(k, layer.gradients.magnitude, layer.gradients.orientation),
+                                out);
     }
 }
 
 } // namespace
 
-std::vector<SiftKeypoint> detectKeypoints(const SiftPyramid &differences, const SiftGradients &gradients,
-                                          int octaves)
+std::vector<SiftKeypoint> detectKeypoints(const SiftScaleLayer &layer)
 {
+    const int64_t rows = layer.at.h - 2 * border;
+    if (rows <= 0 || layer.at.w <= 2 * border)
+        return {};
+    // Each row collects its own keypoints; joining them in row order keeps the detection
+    // order whatever the thread split.
+    std::vector<std::vector<SiftKeypoint>> perRow(static_cast<size_t>(rows));
+    parallelRows(rows, [&](int64_t first, int64_t end) {
+        std::vector<uint8_t> marks;
+        for (int64_t i = first; i < end; ++i)
+            detectInRow(layer, border + i, marks, perRow[static_cast<size_t>(i)]);
+    });
     std::vector<SiftKeypoint> keypoints;
-    for (int o = 0; o < octaves; ++o)
-        for (int s = 1; s <= 3; ++s) {
-            const int64_t h = differences[o * siftDifferenceLayers + s].h;
-            const int64_t rows = h - 2 * border;
-            if (rows <= 0)
-                continue;
-            // Each row collects its own keypoints; joining them in row order keeps the
-            // detection order whatever the thread split.
-            std::vector<std::vector<SiftKeypoint>> perRow(static_cast<size_t>(rows));
-            parallelRows(rows, [&](int64_t first, int64_t end) {
-                for (int64_t i = first; i < end; ++i)
-                    detectInRow(differences, gradients, o, s, border + i, perRow[static_cast<size_t>(i)]);
-            });
-            for (const std::vector<SiftKeypoint> &row : perRow)
-                keypoints.insert(keypoints.end(), row.begin(), row.end());
-        }
+    for (const std::vector<SiftKeypoint> &row : perRow)
+        keypoints.insert(keypoints.end(), row.begin(), row.end());
     return keypoints;
 }
 

@@ -6,6 +6,7 @@
 #include "align/siftkernels.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "core/parallelrows.h"
@@ -18,8 +19,6 @@ constexpr int lanes = 8;
 using FloatVec = float __attribute__((vector_size(lanes * sizeof(float))));
 using IntVec = int32_t __attribute__((vector_size(lanes * sizeof(int32_t))));
 using UintVec = uint32_t __attribute__((vector_size(lanes * sizeof(uint32_t))));
-
-constexpr int64_t rowsPerTile = 16; // rows blurred before one transposed write-out
 
 constexpr float gradientFloor = 1e-8f;       // squared gradients below this have magnitude 0
 constexpr float atanEpsilon = 1.1920929e-7f; // keeps the atan2 ratio finite at dr = dc = 0
@@ -34,28 +33,39 @@ constexpr float twoPi = 6.2831855f;
 inline void load(FloatVec &v, const float *p) { std::memcpy(&v, p, sizeof v); }
 inline void store(float *p, const FloatVec &v) { std::memcpy(p, &v, sizeof v); }
 
-// out[n] = sum over p of padded[n + p] * kernel[p], p ascending, from 0.
-__attribute__((target_clones("avx2", "default"))) void correlateRow(const float *padded, int64_t w,
-                                                                    const float *kernel, int64_t length, float *out)
+// out[n] += sources[p][n] * kernel[p] for p ascending from 0, over `blockLanes` consecutive
+// outputs; each vector is its own dependency chain, so several keep the adders busy.
+template <int vectors>
+__attribute__((always_inline)) inline void correlateBlock(const float *const *sources, const float *kernel,
+                                                          int64_t length, int64_t n, float *out)
 {
-    int64_t n = 0;
-    for (; n + 2 * lanes <= w; n += 2 * lanes) {
-        FloatVec a = {}, b = {};
-        for (int64_t p = 0; p < length; ++p) {
-            const FloatVec k = FloatVec{} + kernel[p];
-            FloatVec x, y;
-            load(x, padded + n + p);
-            load(y, padded + n + lanes + p);
-            a += x * k;
-            b += y * k;
+    FloatVec sums[vectors] = {};
+    for (int64_t p = 0; p < length; ++p) {
+        const FloatVec k = FloatVec{} + kernel[p];
+        for (int v = 0; v < vectors; ++v) {
+            FloatVec x;
+            load(x, sources[p] + n + v * lanes);
+            sums[v] += x * k;
         }
-        store(out + n, a);
-        store(out + n + lanes, b);
     }
-    for (; n < w; ++n) {
+    for (int v = 0; v < vectors; ++v)
+        store(out + n + v * lanes, sums[v]);
+}
+
+// out[n] = sum over p of sources[p][n] * kernel[p], p ascending, from 0.
+__attribute__((target_clones("avx2", "default"))) void correlate(const float *const *sources, const float *kernel,
+                                                                 int64_t length, int64_t count, float *out)
+{
+    constexpr int vectors = 8;
+    int64_t n = 0;
+    for (; n + vectors * lanes <= count; n += vectors * lanes)
+        correlateBlock<vectors>(sources, kernel, length, n, out);
+    for (; n + lanes <= count; n += lanes)
+        correlateBlock<1>(sources, kernel, length, n, out);
+    for (; n < count; ++n) {
         float sum = 0;
         for (int64_t p = 0; p < length; ++p)
-            sum += padded[n + p] * kernel[p];
+            sum += sources[p][n] * kernel[p];
         out[n] = sum;
     }
 }
@@ -111,29 +121,78 @@ __attribute__((target_clones("avx2", "default"))) void gradientSpan(const float 
         gradientAt(down[i] - up[i], right[i] - left[i], magnitude[i], orientation[i]);
 }
 
+bool isCandidate(const float *previous, const float *row, const float *next, float threshold)
+{
+    const float v = row[0];
+    if (!(std::abs(v) >= threshold))
+        return false;
+    const float neighbours[] = {previous[-1], previous[0], previous[1], row[-1], row[1], next[-1], next[0], next[1]};
+    for (const float n : neighbours)
+        if (v > 0 ? !(v > n) : !(v < n))
+            return false;
+    return true;
+}
+
 } // namespace
 
-void blurPassTransposed(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out)
+__attribute__((target_clones("avx2", "default"))) void markExtremumCandidates(const float *previous,
+                                                                              const float *row,
+                                                                              const float *next, int64_t count,
+                                                                              float threshold, uint8_t *marks)
+{
+    using ByteVec = int8_t __attribute__((vector_size(lanes)));
+    int64_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        FloatVec v;
+        load(v, row + i);
+        IntVec above = v == v, below = above; // all lanes set
+        for (const float *line : {previous, row, next})
+            for (int64_t dc = -1; dc <= 1; ++dc) {
+                if (line == row && dc == 0)
+                    continue;
+                FloatVec n;
+                load(n, line + i + dc);
+                above &= v > n;
+                below &= v < n;
+            }
+        const FloatVec absV = reinterpret_cast<FloatVec>(reinterpret_cast<UintVec>(v) & 0x7FFFFFFFu);
+        const IntVec pass = (absV >= threshold) & (v > 0 ? above : below);
+        const ByteVec bytes = __builtin_convertvector(pass & 1, ByteVec);
+        std::memcpy(marks + i, &bytes, sizeof bytes);
+    }
+    for (; i < count; ++i)
+        marks[i] = isCandidate(previous + i, row + i, next + i, threshold) ? 1 : 0;
+}
+
+void blurRows(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out)
 {
     const int64_t length = static_cast<int64_t>(kernel.size());
     const int64_t radius = length / 2;
     parallelRows(h, [&](int64_t first, int64_t end) {
         std::vector<float> padded(static_cast<size_t>(w + 2 * radius));
-        std::vector<float> tile(static_cast<size_t>(rowsPerTile * w));
-        for (int64_t top = first; top < end; top += rowsPerTile) {
-            const int64_t rows = std::min(rowsPerTile, end - top);
-            for (int64_t i = 0; i < rows; ++i) {
-                const float *row = in + (top + i) * w;
-                std::fill_n(padded.begin(), radius, row[0]);
-                std::copy_n(row, w, padded.begin() + radius);
-                std::fill_n(padded.begin() + radius + w, radius, row[w - 1]);
-                correlateRow(padded.data(), w, kernel.data(), length, tile.data() + i * w);
-            }
-            for (int64_t n = 0; n < w; ++n) {
-                float *column = out + n * h + top;
-                for (int64_t i = 0; i < rows; ++i)
-                    column[i] = tile[static_cast<size_t>(i * w + n)];
-            }
+        std::vector<const float *> sources(static_cast<size_t>(length));
+        for (int64_t p = 0; p < length; ++p)
+            sources[static_cast<size_t>(p)] = padded.data() + p;
+        for (int64_t r = first; r < end; ++r) {
+            const float *row = in + r * w;
+            std::fill_n(padded.begin(), radius, row[0]);
+            std::copy_n(row, w, padded.begin() + radius);
+            std::fill_n(padded.begin() + radius + w, radius, row[w - 1]);
+            correlate(sources.data(), kernel.data(), length, w, out + r * w);
+        }
+    });
+}
+
+void blurColumns(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out)
+{
+    const int64_t length = static_cast<int64_t>(kernel.size());
+    const int64_t radius = length / 2;
+    parallelRows(h, [&](int64_t first, int64_t end) {
+        std::vector<const float *> sources(static_cast<size_t>(length));
+        for (int64_t r = first; r < end; ++r) {
+            for (int64_t p = 0; p < length; ++p)
+                sources[static_cast<size_t>(p)] = in + std::clamp(r + p - radius, int64_t{0}, h - 1) * w;
+            correlate(sources.data(), kernel.data(), length, w, out + r * w);
         }
     });
 }
@@ -141,8 +200,6 @@ void blurPassTransposed(const float *in, int64_t w, int64_t h, const std::vector
 void gradientImages(const SiftImage<float> &gaussian, SiftImage<float> &magnitude, SiftImage<float> &orientation)
 {
     const int64_t w = gaussian.w, h = gaussian.h;
-    magnitude = SiftImage<float>(w, h);
-    orientation = SiftImage<float>(w, h);
     if (w <= 0 || h <= 0)
         return;
     parallelRows(h, [&](int64_t first, int64_t end) {

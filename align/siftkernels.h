@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The per-pixel kernels of the SIFT scale space: one separable blur pass and the gradient
-// images. Vectorised across output pixels, each lane doing exactly the scalar arithmetic.
+// The per-pixel kernels of the SIFT scale space: the separable blur passes, the gradient
+// images and the extremum candidates. Vectorised across output pixels, each lane doing exactly the scalar arithmetic.
 #pragma once
 
 #include <bit>
@@ -22,11 +22,23 @@ inline float fastInverseSqrt(float s)
     return y1 * (1.5f - y1 * (half * y1));
 }
 
-// Correlates each of the `h` rows of `w` values with `kernel` (edges replicated) and writes
-// the result transposed: `out` has `w` rows of `h` values.
-void blurPassTransposed(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out);
+// The two passes of a separable blur of a w x h image with `kernel`, edges replicated:
+// out[r][c] = sum over p of in[r][c + p - radius] * kernel[p] (rows) or
+// in[r + p - radius][c] * kernel[p] (columns), p ascending from 0. A blur is the row pass
+// followed by the column pass; the column pass gives the same bits as correlating the rows
+// of the transposed image and transposing back, without moving the pixels twice.
+void blurRows(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out);
+void blurColumns(const float *in, int64_t w, int64_t h, const std::vector<float> &kernel, float *out);
 
 // Gradient magnitude and orientation (radians, 0..2pi) of every pixel, clamped neighbours.
+// Both outputs have the size of `gaussian`.
 void gradientImages(const SiftImage<float> &gaussian, SiftImage<float> &magnitude, SiftImage<float> &orientation);
+
+// marks[i] = 1 when row[i] passes the cheap tests an extremum needs, 0 otherwise: |row[i]| at
+// least `threshold` and strictly beyond its 8 neighbours in rows `previous` and `next` of the
+// same layer (strictly above all of them when positive, below when negative). Reads one
+// column on either side of 0..count-1.
+void markExtremumCandidates(const float *previous, const float *row, const float *next, int64_t count,
+                            float threshold, uint8_t *marks);
 
 } // namespace Vorel

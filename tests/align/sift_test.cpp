@@ -41,14 +41,19 @@ TEST(Sift, OctaveSizesOf800x600)
 {
     SiftImage<uint8_t> input(800, 600);
     std::fill(input.data.begin(), input.data.end(), 0);
-    const SiftPyramid g = gaussianPyramid(upsampleTwice(input), siftOctaveCount(800, 600));
+    std::vector<std::array<int64_t, 4>> visited; // octave, layer, w, h
+    walkScaleSpace(upsampleTwice(input), siftOctaveCount(800, 600), [&](const SiftScaleLayer &layer) {
+        for (const SiftImage<float> *image : {&layer.below, &layer.above, &layer.gradients.magnitude})
+            EXPECT_TRUE(image->w == layer.at.w && image->h == layer.at.h);
+        visited.push_back({layer.octave, layer.layer, layer.at.w, layer.at.h});
+    });
     const int64_t sizes[][2] = {{1600, 1200}, {800, 600}, {400, 300}, {200, 150}, {100, 75}, {50, 37}, {25, 18}};
-    ASSERT_EQ(g.size(), std::size(sizes) * siftGaussianLayers);
-    for (size_t o = 0; o < std::size(sizes); ++o)
-        for (int l = 0; l < siftGaussianLayers; ++l) {
-            EXPECT_EQ(g[o * siftGaussianLayers + l].w, sizes[o][0]) << o;
-            EXPECT_EQ(g[o * siftGaussianLayers + l].h, sizes[o][1]) << o;
-        }
+    ASSERT_EQ(visited.size(), std::size(sizes) * 3);
+    for (size_t i = 0; i < visited.size(); ++i) {
+        const size_t o = i / 3;
+        EXPECT_EQ(visited[i], (std::array<int64_t, 4>{static_cast<int64_t>(o), static_cast<int64_t>(i % 3 + 1),
+                                                      sizes[o][0], sizes[o][1]}));
+    }
 }
 
 // On the last row and column missing samples fall back to the top-left one, the
@@ -105,7 +110,7 @@ TEST(Sift, GradientMagnitudeAndOrientation)
         for (int64_t r = 0; r < g.h; ++r)
             for (int64_t c = 0; c < g.w; ++c)
                 g.row(r)[c] = 100 + static_cast<float>(r) * row.dr / 2 + static_cast<float>(c) * row.dc / 2;
-        SiftImage<float> magnitude, orientation;
+        SiftImage<float> magnitude(g.w, g.h), orientation(g.w, g.h);
         gradientImages(g, magnitude, orientation);
         for (int64_t c = 1; c < g.w - 1; ++c) { // vector lanes and the scalar tail
             EXPECT_EQ(std::bit_cast<uint32_t>(magnitude.at(1, c)), std::bit_cast<uint32_t>(row.magnitude))
