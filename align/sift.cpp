@@ -10,18 +10,21 @@
 //  2. Base image: 2x bilinear upsampling, pixel (R, C) samples (R*0.5, C*0.5); the bottom
 //     row and right column fall back to the top-left sample tl (bottom-right too, even on the
 //     last column): (1-fr)(1-fc) tl + fr(1-fc) bl + (1-fr) fc tr + fr fc br, truncated.
-//  3. Kernels (siftpyramid.cpp): sigma0 = sqrt(1.6^2 - 1) = 1.2489997, k = exp2f(1/3);
+//  3. Kernels (siftscalespace.cpp): sigma0 = sqrt(1.6^2 - 1) = 1.2489997, k = exp2f(1/3);
 //     sigma_i = sqrt((k sp)^2 - sp^2) with sp = 1.6 k^(i-1); radius max(ceil(3 sigma), 1);
 //     taps exp(-0.5 (x/sigma)^2) divided by their sum.
-//  4. Blur: each row edge-replicated by the radius, correlated, written transposed; two
-//     passes make one blur (siftkernels.cpp).
+//  4. Blur: each row edge-replicated by the radius and correlated, then each column likewise
+//     (siftkernels.cpp). Correlating columns gives the bits of correlating the rows of the
+//     transposed image, so nothing is transposed.
 //  5. Gaussians: G[0][0] = blur0(base); G[o][l] = blur_l(G[o][l-1]); G[o][0] = every second
-//     pixel of G[o-1][3]. Differences D[o][d] = G[o][d+1] - G[o][d].
+//     pixel of G[o-1][3]. Differences D[o][d] = G[o][d+1] - G[o][d]. The walk keeps only
+//     the images of the layers in reach, so a run needs some 9 images of the largest
+//     octave rather than whole pyramids.
 //  6. Gradients of layers 1..3 with clamped neighbours, dr and dc plain differences:
 //     magnitude s * invsqrt(s), s = dr^2 + dc^2 (0 below 1e-8), invsqrt by the bit trick
 //     0x5F3759DF - bits/2 and two Newton steps; orientation by the polynomial atan2
 //     base + t (0.1821 t^2 - 0.9675), mirrored to 2pi - phi for dr < 0.
-//  7. Extrema (siftdetector.cpp): |D| >= 2.4, strictly above or below all 26 neighbours,
+//  7. Extrema (siftdetector.cpp), each layer as soon as the layer above it exists: |D| >= 2.4, strictly above or below all 26 neighbours,
 //     5-pixel border; refined on the fixed layer by offset = -H^-1 g, at most 5 moves of one
 //     pixel (step when |x| >= 0.6); rejected for |x| >= 1.5, positions outside the octave,
 //     contrast |D + 0.5 g.x| < 3, or edge response tr^2/det >= 12.1.
@@ -29,7 +32,7 @@
 //     radius 4.5 layerScale), bin position f = ori*36/2pi - 0.5 kept unwrapped in bin 0 for
 //     -0.5 < f < 0; smoothed by (1,4,6,4,1)/16; a keypoint per local peak above 0.8 of the
 //     maximum, interpolated by a parabola.
-//  9. Descriptor (siftdescriptor.cpp): rotated 4x4 cells of 3 layerScale pixels, 8 angle
+//  9. Descriptor (siftdescriptor.cpp), right after the layer's detection: rotated 4x4 cells of 3 layerScale pixels, 8 angle
 //     bins, trilinear votes into a 6x6x10 accumulator, slot 8 replaces slot 0 on read-out,
 //     clipped at 0.2 of the norm and scaled to length 512.
 #include "align/sift.h"
