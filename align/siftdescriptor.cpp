@@ -8,11 +8,14 @@
 
 #include "align/siftkernels.h"
 #include "align/siftstages.h"
+#include "align/siftvector.h"
 #include "core/parallelrows.h"
 
 namespace Vorel {
 
 namespace {
+
+using namespace SiftVector;
 
 constexpr float cellSizeFactor = 3.0f;       // cell side hw in layerScale
 constexpr float sqrt2 = 1.4142135f;
@@ -53,7 +56,60 @@ std::pair<int64_t, int64_t> columnsInsideCells(float dy, float sinT, float cosT,
     return {static_cast<int64_t>(lo), static_cast<int64_t>(hi)};
 }
 
-void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImage<float> &orientation)
+// The per-pixel terms of one row of a keypoint's window, for all its columns at once.
+struct RowTerms {
+    std::vector<int32_t> slot; // accumulator index of the (X, Y, O) corner; -1 outside the cells
+    std::vector<float> fx, fy, fo, exponent;
+
+    void resize(int64_t count)
+    {
+        const size_t n = static_cast<size_t>(count + lanes);
+        slot.resize(n);
+        fx.resize(n);
+        fy.resize(n);
+        fo.resize(n);
+        exponent.resize(n);
+    }
+};
+
+// Column `firstCol + i` lies dx = firstCol + i - ci from the keypoint; `dySin` = dy sinT and
+// `dyCos` = dy cosT. Fills `terms` for i in 0..count-1 (and up to 7 more, unused).
+__attribute__((target_clones("avx2", "default"))) void rowTerms(int64_t firstCol, int64_t count, float ci,
+                                                                float dySin, float dyCos, float sinT, float cosT,
+                                                                const float *orientation, float theta,
+                                                                RowTerms &terms)
+{
+    const IntVec laneIndex = {0, 1, 2, 3, 4, 5, 6, 7};
+    for (int64_t i = 0; i < count; i += lanes) {
+        const IntVec cols = static_cast<int32_t>(firstCol + i) + laneIndex;
+        const FloatVec dx = __builtin_convertvector(cols, FloatVec) - ci;
+        const FloatVec xr = dx * cosT + dySin;
+        const FloatVec yr = dyCos - dx * sinT;
+        const FloatVec xb = xr + cellOffset;
+        const FloatVec yb = yr + cellOffset;
+        const IntVec inside = (xb > -1.0f) & (xb < 4.0f) & (yb > -1.0f) & (yb < 4.0f);
+        FloatVec angle;
+        load(angle, orientation + firstCol + i);
+        angle -= theta;
+        angle = angle < 0 ? angle + twoPi : angle;
+        const FloatVec ob = angle * binsPerRadian;
+        FloatVec xFloor, yFloor, oFloor;
+        floorOf(xFloor, xb);
+        floorOf(yFloor, yb);
+        floorOf(oFloor, ob);
+        const IntVec slot = (__builtin_convertvector(xFloor, IntVec) + 1) * accumulatorStrideX +
+                            (__builtin_convertvector(yFloor, IntVec) + 1) * accumulatorStrideY +
+                            __builtin_convertvector(oFloor, IntVec);
+        store(terms.slot.data() + i, inside ? slot : -1);
+        store(terms.fx.data() + i, xb - xFloor);
+        store(terms.fy.data() + i, yb - yFloor);
+        store(terms.fo.data() + i, ob - oFloor);
+        store(terms.exponent.data() + i, -(xr * xr + yr * yr) * weightFactor);
+    }
+}
+
+void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImage<float> &orientation,
+              RowTerms &terms)
 {
     const int64_t w = magnitude.w, h = magnitude.h;
     const float hw = cellSizeFactor * k.layerScale;
@@ -69,35 +125,28 @@ void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImag
         const int64_t row = r0 + dr;
         const float dy = static_cast<float>(row) - k.ri;
         const float *mag = magnitude.row(row);
-        const float *ori = orientation.row(row);
         const auto [firstDc, lastDc] =
             columnsInsideCells(dy, sinT, cosT, k.ci - static_cast<float>(c0), std::max(1 - c0, -radius),
                                std::min(w - 2 - c0, radius));
-        for (int64_t dc = firstDc; dc <= lastDc; ++dc) {
-            const int64_t col = c0 + dc;
-            const float dx = static_cast<float>(col) - k.ci;
-            const float xr = dx * cosT + dy * sinT;
-            const float yr = dy * cosT - dx * sinT;
-            const float xb = xr + cellOffset;
-            const float yb = yr + cellOffset;
-            if (xb <= -1 || xb >= 4 || yb <= -1 || yb >= 4)
+        const int64_t firstCol = c0 + firstDc, count = lastDc - firstDc + 1;
+        if (count <= 0)
+            continue;
+        // The vector pass may read up to 7 orientations past the window's last column; window
+        // rows end at h - 2, so they stay inside the image.
+        terms.resize(count);
+        rowTerms(firstCol, count, k.ci, dy * sinT, dy * cosT, sinT, cosT, orientation.row(row), theta, terms);
+        for (int64_t i = 0; i < count; ++i) {
+            const int32_t slot = terms.slot[static_cast<size_t>(i)];
+            if (slot < 0)
                 continue;
-            float angle = ori[col] - theta;
-            if (angle < 0)
-                angle += twoPi;
-            const float ob = angle * binsPerRadian;
-            const float weight = std::exp(-(xr * xr + yr * yr) * weightFactor);
-            const float v = mag[col] * weight;
-
-            const float fxFloor = std::floor(xb), fyFloor = std::floor(yb), foFloor = std::floor(ob);
-            const int X = static_cast<int>(fxFloor) + 1, Y = static_cast<int>(fyFloor) + 1;
-            const int O = static_cast<int>(foFloor);
-            const float fx = xb - fxFloor, fy = yb - fyFloor, fo = ob - foFloor;
+            const float v = mag[firstCol + i] * std::exp(terms.exponent[static_cast<size_t>(i)]);
+            const float fx = terms.fx[static_cast<size_t>(i)], fy = terms.fy[static_cast<size_t>(i)];
+            const float fo = terms.fo[static_cast<size_t>(i)];
             for (int ix = 0; ix < 2; ++ix) {
                 const float wx = ix ? fx : 1 - fx;
                 for (int iy = 0; iy < 2; ++iy) {
                     const float wy = iy ? fy : 1 - fy;
-                    float *cell = acc.data() + (X + ix) * accumulatorStrideX + (Y + iy) * accumulatorStrideY + O;
+                    float *cell = acc.data() + slot + ix * accumulatorStrideX + iy * accumulatorStrideY;
                     cell[0] += v * wx * wy * (1 - fo);
                     cell[1] += v * wx * wy * fo;
                 }
@@ -137,8 +186,9 @@ void describe(SiftKeypoint &k, const SiftImage<float> &magnitude, const SiftImag
 void computeDescriptors(std::span<SiftKeypoint> keypoints, const SiftGradients &gradients)
 {
     parallelRows(static_cast<int64_t>(keypoints.size()), [&](int64_t first, int64_t end) {
+        RowTerms terms;
         for (int64_t i = first; i < end; ++i)
-            describe(keypoints[static_cast<size_t>(i)], gradients.magnitude, gradients.orientation);
+            describe(keypoints[static_cast<size_t>(i)], gradients.magnitude, gradients.orientation, terms);
     });
 }
 

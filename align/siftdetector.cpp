@@ -3,6 +3,8 @@
 // Scale-space extrema: detection, sub-pixel refinement on the fixed layer, and one keypoint
 // per dominant gradient orientation.
 #include <algorithm>
+#include <bit>
+#include <cstring>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -10,11 +12,14 @@
 
 #include "align/siftkernels.h"
 #include "align/siftstages.h"
+#include "align/siftvector.h"
 #include "core/parallelrows.h"
 
 namespace Vorel {
 
 namespace {
+
+using namespace SiftVector;
 
 constexpr int64_t border = 5;                 // rows/columns never searched at each octave edge
 constexpr float preThreshold = 2.4f;          // |D| below this cannot be an extremum
@@ -139,8 +144,43 @@ std::optional<Refinement> refine(const Layer &below, const Layer &at, const Laye
 
 using Histogram = std::array<float, histogramBins>;
 
+// Per-pixel terms of one row of the orientation window, for all its columns at once.
+struct HistogramRowTerms {
+    std::vector<float> exponent; // of the Gaussian weight
+    std::vector<float> position; // bin position f
+
+    void resize(int64_t count)
+    {
+        exponent.resize(static_cast<size_t>(count + lanes));
+        position.resize(static_cast<size_t>(count + lanes));
+    }
+};
+
+// Work space of one thread's rows.
+struct DetectionScratch {
+    std::vector<uint8_t> marks;
+    HistogramRowTerms terms;
+};
+
+// Columns firstCol.. firstCol+count-1 of a row dy from the keypoint (and up to 7 more, unused).
+__attribute__((target_clones("avx2", "default"))) void histogramRowTerms(int64_t firstCol, int64_t count, float ci,
+                                                                         float dySquared, float denominator,
+                                                                         const float *orientation,
+                                                                         HistogramRowTerms &terms)
+{
+    const IntVec laneIndex = {0, 1, 2, 3, 4, 5, 6, 7};
+    for (int64_t i = 0; i < count; i += lanes) {
+        const IntVec cols = static_cast<int32_t>(firstCol + i) + laneIndex;
+        const FloatVec dx = __builtin_convertvector(cols, FloatVec) - ci;
+        store(terms.exponent.data() + i, -(dySquared + dx * dx) / denominator);
+        FloatVec angle;
+        load(angle, orientation + firstCol + i);
+        store(terms.position.data() + i, angle * static_cast<float>(histogramBins) / twoPi - 0.5f);
+    }
+}
+
 Histogram orientationHistogram(const SiftKeypoint &k, const SiftImage<float> &magnitude,
-                               const SiftImage<float> &orientation)
+                               const SiftImage<float> &orientation, HistogramRowTerms &terms)
 {
     Histogram hist{};
     const int64_t w = magnitude.w, h = magnitude.h;
@@ -149,22 +189,24 @@ Histogram orientationHistogram(const SiftKeypoint &k, const SiftImage<float> &ma
     const int64_t radius = static_cast<int64_t>(windowRadiusFactor * k.layerScale);
     const float sigma = windowSigmaFactor * k.layerScale;
     const float denominator = 2 * sigma * sigma;
-    for (int64_t dr = -radius; dr <= radius; ++dr) {
-        const int64_t row = r0 + dr;
-        if (row < 1 || row >= h - 1)
-            continue;
+    // Only pixels strictly inside the one-pixel frame vote; the vector pass may read 7
+    // orientations past the last column, still inside the image as rows end at h - 2.
+    const int64_t firstCol = std::max<int64_t>(c0 - radius, 1), lastCol = std::min(c0 + radius, w - 2);
+    const int64_t count = lastCol - firstCol + 1;
+    if (count <= 0)
+        return hist;
+    terms.resize(count);
+    for (int64_t row = std::max<int64_t>(r0 - radius, 1); row <= std::min(r0 + radius, h - 2); ++row) {
         const float dy = static_cast<float>(row) - k.ri;
-        for (int64_t dc = -radius; dc <= radius; ++dc) {
-            const int64_t col = c0 + dc;
-            if (col < 1 || col >= w - 1)
-                continue;
-            const float dx = static_cast<float>(col) - k.ci;
-            const float weight = std::exp(-(dy * dy + dx * dx) / denominator);
+        histogramRowTerms(firstCol, count, k.ci, dy * dy, denominator, orientation.row(row), terms);
+        const float *mag = magnitude.row(row) + firstCol;
+        for (int64_t i = 0; i < count; ++i) {
+            const float weight = std::exp(terms.exponent[static_cast<size_t>(i)]);
             // For -0.5 < f < 0 the truncation gives b = 0 and fr < 0: bin 0 is extrapolated.
-            const float f = orientation.at(row, col) * histogramBins / twoPi - 0.5f;
+            const float f = terms.position[static_cast<size_t>(i)];
             const int b = static_cast<int>(f);
             const float fr = f - static_cast<float>(b);
-            const float vote = weight * magnitude.at(row, col);
+            const float vote = weight * mag[i];
             hist[static_cast<size_t>((b % histogramBins + histogramBins) % histogramBins)] += vote * (1 - fr);
             hist[static_cast<size_t>(((b + 1) % histogramBins + histogramBins) % histogramBins)] += vote * fr;
         }
@@ -201,35 +243,44 @@ void appendOrientedKeypoints(const SiftKeypoint &candidate, const Histogram &raw
     }
 }
 
-void detectInRow(const SiftScaleLayer &layer, int64_t r, std::vector<uint8_t> &marks, std::vector<SiftKeypoint> &out)
+// Candidate (r, c) of a layer: the full extremum test, refinement and orientations.
+void detectAt(const SiftScaleLayer &layer, int64_t r, int64_t c, HistogramRowTerms &terms,
+              std::vector<SiftKeypoint> &out)
 {
-    const int64_t w = layer.at.w, h = layer.at.h;
+    if (!beyondNeighbouringLayers(layer.below, layer.above, r, c, layer.at.at(r, c)))
+        return;
     const Layer below{layer.below}, at{layer.at}, above{layer.above};
+    const std::optional<Refinement> fit = refine(below, at, above, layer.layer, r, c, layer.at.w, layer.at.h);
+    if (!fit)
+        return;
     const float octaveFactor = std::ldexp(1.0f, layer.octave - 1);
-    const int64_t count = w - 2 * border;
-    marks.resize(static_cast<size_t>(count));
+    SiftKeypoint k;
+    k.octave = layer.octave;
+    k.layer = layer.layer;
+    k.ri = static_cast<float>(fit->r) + fit->xr;
+    k.ci = static_cast<float>(fit->c) + fit->xc;
+    k.rlayer = static_cast<float>(layer.layer) + fit->xs;
+    k.layerScale = baseSigma * std::exp2(k.rlayer / 3);
+    k.r = octaveFactor * k.ri;
+    k.c = octaveFactor * k.ci;
+    k.scale = octaveFactor * k.layerScale;
+    appendOrientedKeypoints(k, orientationHistogram(k, layer.gradients.magnitude, layer.gradients.orientation, terms),
+                            out);
+}
+
+void detectInRow(const SiftScaleLayer &layer, int64_t r, DetectionScratch &scratch, std::vector<SiftKeypoint> &out)
+{
+    const int64_t count = layer.at.w - 2 * border;
+    // Marks are scanned eight at a time: candidates are rare, so most words are zero.
+    std::vector<uint8_t> &marks = scratch.marks;
+    marks.assign(static_cast<size_t>(count + 8), 0);
     markExtremumCandidates(layer.at.row(r - 1) + border, layer.at.row(r) + border, layer.at.row(r + 1) + border,
                            count, preThreshold, marks.data());
-    for (int64_t i = 0; i < count; ++i) {
-        const int64_t c = border + i;
-        if (!marks[static_cast<size_t>(i)] ||
-            !beyondNeighbouringLayers(layer.below, layer.above, r, c, layer.at.at(r, c)))
-            continue;
-        const std::optional<Refinement> fit = refine(below, at, above, layer.layer, r, c, w, h);
-        if (!fit)
-            continue;
-        SiftKeypoint k;
-        k.octave = layer.octave;
-        k.layer = layer.layer;
-        k.ri = static_cast<float>(fit->r) + fit->xr;
-        k.ci = static_cast<float>(fit->c) + fit->xc;
-        k.rlayer = static_cast<float>(layer.layer) + fit->xs;
-        k.layerScale = baseSigma * std::exp2(k.rlayer / 3);
-        k.r = octaveFactor * k.ri;
-        k.c = octaveFactor * k.ci;
-        k.scale = octaveFactor * k.layerScale;
-        appendOrientedKeypoints(k, orientationHistogram(k, layer.gradients.magnitude, layer.gradients.orientation),
-                                out);
+    for (int64_t word = 0; word < count; word += 8) {
+        uint64_t bits;
+        std::memcpy(&bits, marks.data() + word, sizeof bits);
+        for (; bits != 0; bits &= bits - 1)
+            detectAt(layer, r, border + word + std::countr_zero(bits) / 8, scratch.terms, out);
     }
 }
 
@@ -244,9 +295,9 @@ std::vector<SiftKeypoint> detectKeypoints(const SiftScaleLayer &layer)
     // order whatever the thread split.
     std::vector<std::vector<SiftKeypoint>> perRow(static_cast<size_t>(rows));
     parallelRows(rows, [&](int64_t first, int64_t end) {
-        std::vector<uint8_t> marks;
+        DetectionScratch scratch;
         for (int64_t i = first; i < end; ++i)
-            detectInRow(layer, border + i, marks, perRow[static_cast<size_t>(i)]);
+            detectInRow(layer, border + i, scratch, perRow[static_cast<size_t>(i)]);
     });
     std::vector<SiftKeypoint> keypoints;
     for (const std::vector<SiftKeypoint> &row : perRow)

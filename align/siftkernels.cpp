@@ -1,24 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Vector code uses GCC vector extensions; every lane performs the scalar operations in the
-// scalar order (no fused multiply-add), so results do not depend on the instruction set.
-// Functions are cloned for AVX2 and the baseline; both clones give identical bits.
 #include "align/siftkernels.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 
+#include "align/siftvector.h"
 #include "core/parallelrows.h"
 
 namespace Vorel {
 
 namespace {
 
-constexpr int lanes = 8;
-using FloatVec = float __attribute__((vector_size(lanes * sizeof(float))));
-using IntVec = int32_t __attribute__((vector_size(lanes * sizeof(int32_t))));
-using UintVec = uint32_t __attribute__((vector_size(lanes * sizeof(uint32_t))));
+using namespace SiftVector;
 
 constexpr float gradientFloor = 1e-8f;       // squared gradients below this have magnitude 0
 constexpr float atanEpsilon = 1.1920929e-7f; // keeps the atan2 ratio finite at dr = dc = 0
@@ -28,12 +23,7 @@ constexpr float atanCubic = 0.1821f;  // atan(t) ~ t (0.1821 t^2 - 0.9675) + bas
 constexpr float atanLinear = 0.9675f;
 constexpr float twoPi = 6.2831855f;
 
-// Vectors pass by reference: returning them by value from a function compiled without AVX
-// would change the calling convention between the two clones.
-inline void load(FloatVec &v, const float *p) { std::memcpy(&v, p, sizeof v); }
-inline void store(float *p, const FloatVec &v) { std::memcpy(p, &v, sizeof v); }
-
-// out[n] += sources[p][n] * kernel[p] for p ascending from 0, over `blockLanes` consecutive
+// out[n] = sum of sources[p][n] * kernel[p], p ascending from 0, for `vectors` x 8 consecutive
 // outputs; each vector is its own dependency chain, so several keep the adders busy.
 template <int vectors>
 __attribute__((always_inline)) inline void correlateBlock(const float *const *sources, const float *kernel,
@@ -109,7 +99,8 @@ __attribute__((target_clones("avx2", "default"))) void gradientSpan(const float 
         const FloatVec y2 = y1 * (1.5f - y1 * (half * y1));
         store(magnitude + i, s < gradientFloor ? FloatVec{} : s * y2);
 
-        const FloatVec absDr = reinterpret_cast<FloatVec>(reinterpret_cast<UintVec>(dr) & 0x7FFFFFFFu);
+        FloatVec absDr;
+        absolute(absDr, dr);
         const FloatVec a = absDr + atanEpsilon;
         const IntVec positive = dc >= 0;
         const FloatVec t = positive ? (dc - a) / (a + dc) : (a + dc) / (a - dc);
@@ -155,7 +146,8 @@ __attribute__((target_clones("avx2", "default"))) void markExtremumCandidates(co
                 above &= v > n;
                 below &= v < n;
             }
-        const FloatVec absV = reinterpret_cast<FloatVec>(reinterpret_cast<UintVec>(v) & 0x7FFFFFFFu);
+        FloatVec absV;
+        absolute(absV, v);
         const IntVec pass = (absV >= threshold) & (v > 0 ? above : below);
         const ByteVec bytes = __builtin_convertvector(pass & 1, ByteVec);
         std::memcpy(marks + i, &bytes, sizeof bytes);
