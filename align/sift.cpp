@@ -59,31 +59,48 @@ int siftOctaveCount(int64_t w, int64_t h)
     return n < fewestOctaveLevels ? 0 : n - octavesBelowLevels;
 }
 
+namespace {
+
+// One output sample of the 2x enlargement: (1-fr)(1-fc) tl + fr(1-fc) bl + (1-fr) fc tr + fr fc br,
+// truncated toward zero.
+inline uint8_t bilinearSample(float fr, float fc, float tl, float bl, float tr, float br)
+{
+    const float v = (1 - fr) * (1 - fc) * tl + fr * (1 - fc) * bl + (1 - fr) * fc * tr + fr * fc * br;
+    return static_cast<uint8_t>(std::clamp(v, 0.0f, 255.0f));
+}
+
+// Output row R = 2 r0 (fr = 0) or 2 r0 + 1 (fr = 0.5) from input rows `top` and `bottom`
+// (bottom = top on the last row). Output columns 2 c0 and 2 c0 + 1 sample at fc = 0 and 0.5.
+__attribute__((target_clones("avx2", "default"))) void upsampleRow(const uint8_t *top, const uint8_t *bottom,
+                                                                   bool hasBelow, float fr, int64_t w,
+                                                                   uint8_t *out)
+{
+    for (int64_t c0 = 0; c0 < w - 1; ++c0) {
+        const float tl = top[c0], bl = bottom[c0], tr = top[c0 + 1];
+        const float br = hasBelow ? bottom[c0 + 1] : tl;
+        out[2 * c0] = bilinearSample(fr, 0.0f, tl, bl, tr, br);
+        out[2 * c0 + 1] = bilinearSample(fr, 0.5f, tl, bl, tr, br);
+    }
+    // The last column has no right neighbour: tr and br fall back to tl.
+    const float tl = top[w - 1], bl = bottom[w - 1];
+    out[2 * w - 2] = bilinearSample(fr, 0.0f, tl, bl, tl, tl);
+    out[2 * w - 1] = bilinearSample(fr, 0.5f, tl, bl, tl, tl);
+}
+
+} // namespace
+
 SiftImage<uint8_t> upsampleTwice(const SiftImage<uint8_t> &image)
 {
     const int64_t w = image.w, h = image.h;
     SiftImage<uint8_t> out(2 * w, 2 * h);
+    if (w <= 0 || h <= 0)
+        return out;
     parallelRows(out.h, [&](int64_t first, int64_t end) {
         for (int64_t R = first; R < end; ++R) {
-            const float y = static_cast<float>(R) * 0.5f;
-            const int64_t r0 = static_cast<int64_t>(y);
-            const float fr = y - static_cast<float>(r0);
+            const int64_t r0 = R / 2; // trunc(R * 0.5), and fr = R * 0.5 - r0 is 0 or 0.5
             const bool hasBelow = r0 < h - 1;
             const uint8_t *top = image.row(r0);
-            const uint8_t *bottom = hasBelow ? image.row(r0 + 1) : top;
-            uint8_t *o = out.row(R);
-            for (int64_t C = 0; C < out.w; ++C) {
-                const float x = static_cast<float>(C) * 0.5f;
-                const int64_t c0 = static_cast<int64_t>(x);
-                const float fc = x - static_cast<float>(c0);
-                const bool hasRight = c0 < w - 1;
-                const float tl = top[c0];
-                const float bl = hasBelow ? bottom[c0] : tl;
-                const float tr = hasRight ? top[c0 + 1] : tl;
-                const float br = hasBelow && hasRight ? bottom[c0 + 1] : tl;
-                const float v = (1 - fr) * (1 - fc) * tl + fr * (1 - fc) * bl + (1 - fr) * fc * tr + fr * fc * br;
-                o[C] = static_cast<uint8_t>(std::clamp(v, 0.0f, 255.0f));
-            }
+            upsampleRow(top, hasBelow ? image.row(r0 + 1) : top, hasBelow, R % 2 ? 0.5f : 0.0f, w, out.row(R));
         }
     });
     return out;
