@@ -75,17 +75,9 @@ public:
         queued_.notify_all();
         execute(Block{&batch, 0, height / parts});
         std::unique_lock lock(mutex_);
-        while (batch.unfinished > 0) {
-            if (blocks_.empty()) {
+        while (batch.unfinished > 0)
+            if (!runQueuedBlock(lock))
                 finished_.wait(lock);
-                continue;
-            }
-            const Block block = blocks_.front();
-            blocks_.pop_front();
-            lock.unlock();
-            execute(block);
-            lock.lock();
-        }
     }
 
 private:
@@ -94,14 +86,22 @@ private:
         std::unique_lock lock(mutex_);
         for (;;) {
             queued_.wait(lock, [this] { return stopping_ || !blocks_.empty(); });
-            if (blocks_.empty())
+            if (!runQueuedBlock(lock))
                 return;
-            const Block block = blocks_.front();
-            blocks_.pop_front();
-            lock.unlock();
-            execute(block);
-            lock.lock();
         }
+    }
+
+    // Runs the oldest queued block, if there is one, with the lock released meanwhile.
+    bool runQueuedBlock(std::unique_lock<std::mutex> &lock)
+    {
+        if (blocks_.empty())
+            return false;
+        const Block block = blocks_.front();
+        blocks_.pop_front();
+        lock.unlock();
+        execute(block);
+        lock.lock();
+        return true;
     }
 
     void execute(const Block &block)
