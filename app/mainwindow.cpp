@@ -558,6 +558,7 @@ void MainWindow::onPanelPageChanged(int page)
 void MainWindow::redisplay()
 {
     if (!proc.hasPair()) {
+        borderComposer->discardPending();
         view->clear();
         return;
     }

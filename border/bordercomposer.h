@@ -24,6 +24,8 @@ public:
 
     // Starts `work` on a worker thread; `composed` follows on this object's thread.
     void request(Work work);
+    // Drops the results of every request made so far, for when there is nothing to frame.
+    void discardPending();
 
 signals:
     void composed(const QImage &picture);

@@ -42,6 +42,10 @@ private slots:
         composer.request([] { return std::optional<QImage>(); }); // nothing composed: the view stays
         releaseThird.release();
         QTRY_COMPARE(shown.size(), 2);
+        QSemaphore releaseFourth;
+        composer.request([&] { releaseFourth.acquire(); return std::optional(filled(4)); });
+        composer.discardPending(); // the pair is gone meanwhile
+        releaseFourth.release();
         QTest::qWait(50);
         QCOMPARE(shown, (QList<QRgb>{filled(2).pixel(0, 0), filled(3).pixel(0, 0)}));
     }
