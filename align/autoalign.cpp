@@ -13,10 +13,7 @@ namespace {
 
 std::vector<SiftKeypoint> analysisKeypoints(const QImage &image, int64_t width, int64_t height)
 {
-    const std::optional<RgbBuffer> rgb = imageToRGB(image);
-    if (!rgb)
-        return {};
-    return computeSiftFeatures(grayImage(resampleBilinear(*rgb, width, height)));
+    return computeSiftFeatures(grayImage(resampleBilinear(image, width, height)));
 }
 
 } // namespace

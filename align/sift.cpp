@@ -24,17 +24,18 @@
 //     magnitude s * invsqrt(s), s = dr^2 + dc^2 (0 below 1e-8), invsqrt by the bit trick
 //     0x5F3759DF - bits/2 and two Newton steps; orientation by the polynomial atan2
 //     base + t (0.1821 t^2 - 0.9675), mirrored to 2pi - phi for dr < 0.
-//  7. Extrema (siftdetector.cpp), each layer as soon as the layer above it exists: |D| >= 2.4, strictly above or below all 26 neighbours,
-//     5-pixel border; refined on the fixed layer by offset = -H^-1 g, at most 5 moves of one
-//     pixel (step when |x| >= 0.6); rejected for |x| >= 1.5, positions outside the octave,
-//     contrast |D + 0.5 g.x| < 3, or edge response tr^2/det >= 12.1.
+//  7. Extrema (siftdetector.cpp), each layer as soon as the layer above it exists: |D| >= 2.4,
+//     strictly above or below all 26 neighbours, 5-pixel border; refined on the fixed layer by
+//     offset = -H^-1 g, at most 5 moves of one pixel (step when |x| >= 0.6); rejected for
+//     |x| >= 1.5, positions outside the octave, contrast |D + 0.5 g.x| < 3, or edge response
+//     tr^2/det >= 12.1.
 //  8. Orientation: 36-bin histogram of Gaussian-weighted magnitudes (sigma 1.5 layerScale,
 //     radius 4.5 layerScale), bin position f = ori*36/2pi - 0.5 kept unwrapped in bin 0 for
 //     -0.5 < f < 0; smoothed by (1,4,6,4,1)/16; a keypoint per local peak above 0.8 of the
 //     maximum, interpolated by a parabola.
-//  9. Descriptor (siftdescriptor.cpp), right after the layer's detection: rotated 4x4 cells of 3 layerScale pixels, 8 angle
-//     bins, trilinear votes into a 6x6x10 accumulator, slot 8 replaces slot 0 on read-out,
-//     clipped at 0.2 of the norm and scaled to length 512.
+//  9. Descriptor (siftdescriptor.cpp), right after the layer's detection: rotated 4x4 cells
+//     of 3 layerScale pixels, 8 angle bins, trilinear votes into a 6x6x10 accumulator, slot 8
+//     replaces slot 0 on read-out, clipped at 0.2 of the norm and scaled to length 512.
 #include "align/sift.h"
 
 #include <algorithm>

@@ -31,7 +31,7 @@ QImage photo(const char *name)
 
 SiftImage<uint8_t> gray(const QImage &image, int64_t w, int64_t h)
 {
-    return grayImage(resampleBilinear(*imageToRGB(image), w, h));
+    return grayImage(resampleBilinear(image, w, h));
 }
 
 const SiftImage<uint8_t> &photo800x600()

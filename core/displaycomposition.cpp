@@ -19,24 +19,19 @@ namespace {
 
 constexpr double pivotLimit = 1e-12;
 
-// 32-bit pixels as QImage keeps them on a little-endian machine: B, G, R, A/X.
-constexpr int blue = 0, green = 1, red = 2, alpha = 3;
-
-// The image as premultiplied 32-bit pixels (opaque images are left as they are): the first
-// three bytes of each pixel are then exactly what drawing it over black would give.
-QImage premultiplied32(const QImage &image)
-{
-    if (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32_Premultiplied)
-        return image;
-    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-}
-
 PixelLayout layoutOf(const QImage &image)
 {
     return {image.width(), image.height(), image.bytesPerLine(), 4, 3};
 }
 
 } // namespace
+
+QImage premultiplied32(const QImage &image)
+{
+    if (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32_Premultiplied)
+        return image;
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
 
 std::optional<RgbBuffer> imageToRGB(const QImage &image)
 {
@@ -49,9 +44,9 @@ std::optional<RgbBuffer> imageToRGB(const QImage &image)
             const uint8_t *in = source.constScanLine(static_cast<int>(y));
             uint8_t *out = buffer.row(y);
             for (int64_t x = 0; x < buffer.w; ++x, in += 4, out += 3) {
-                out[0] = in[red];
-                out[1] = in[green];
-                out[2] = in[blue];
+                out[0] = in[pixelRed];
+                out[1] = in[pixelGreen];
+                out[2] = in[pixelBlue];
             }
         }
     });
@@ -281,14 +276,15 @@ inline uint8_t toByte(float v)
 
 inline uint8_t duboisChannel(const float (&t)[6][256], const uint8_t *p, const uint8_t *q)
 {
-    const float sum = t[0][p[red]] + t[1][p[green]] + t[2][p[blue]] + t[3][q[red]] + t[4][q[green]] + t[5][q[blue]];
+    const float sum = t[0][p[pixelRed]] + t[1][p[pixelGreen]] + t[2][p[pixelBlue]] + t[3][q[pixelRed]] +
+                      t[4][q[pixelGreen]] + t[5][q[pixelBlue]];
     return toByte(sum * 255.0f + 0.5f);
 }
 
 // Gray weights on 0..255 values, truncated without rounding.
 inline uint8_t grayOf(const AnaglyphTables &t, const uint8_t *p)
 {
-    return toByte(t.gray[0][p[red]] + t.gray[1][p[green]] + t.gray[2][p[blue]]);
+    return toByte(t.gray[0][p[pixelRed]] + t.gray[1][p[pixelGreen]] + t.gray[2][p[pixelBlue]]);
 }
 
 template <typename PixelFn>
@@ -319,7 +315,8 @@ std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second,
         return std::nullopt;
     const AnaglyphTables &t = anaglyphTables();
     if (kind == 1) {
-        composeRows(a, b, output, [](const uint8_t *p, const uint8_t *q) { return qRgb(p[red], q[green], q[blue]); });
+        composeRows(a, b, output,
+                    [](const uint8_t *p, const uint8_t *q) { return qRgb(p[pixelRed], q[pixelGreen], q[pixelBlue]); });
     } else if (kind == 2) {
         composeRows(a, b, output, [&t](const uint8_t *p, const uint8_t *q) {
             return qRgb(duboisChannel(t.dubois[0], p, q), duboisChannel(t.dubois[1], p, q),

@@ -27,6 +27,13 @@ using CornerPoints = std::array<CornerPoint, 4>;
 // 3x3 perspective matrix, row-major, m[8] == 1.
 using PerspectiveMatrix = std::array<double, 9>;
 
+// Byte of each channel in a 32-bit pixel as QImage keeps it on a little-endian machine.
+inline constexpr int pixelBlue = 0, pixelGreen = 1, pixelRed = 2;
+
+// The image as premultiplied 32-bit pixels (opaque images are left as they are): the first
+// three bytes of each pixel are then exactly what drawing it over black would give.
+QImage premultiplied32(const QImage &image);
+
 // Draws the image over black (alpha dropped) into a tightly packed RGB buffer.
 std::optional<RgbBuffer> imageToRGB(const QImage &image);
 // Opaque 32-bit image (QImage::Format_RGB32) of the buffer's size.
