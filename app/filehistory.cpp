@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QFileInfo>
 #include <QUrl>
 
 #include "core/preferences.h"
@@ -105,8 +106,10 @@ QString FileHistory::title(const HistoryEntry &entry)
 HistoryEntry FileHistory::forFiles(const QStringList &paths)
 {
     HistoryEntry entry;
+    // Absolute and percent-encoded, so an entry reopens from any working directory and
+    // spaces or accents survive the round trip through the stored JSON.
     for (const QString &path : paths)
-        entry.urls << QUrl::fromLocalFile(path).toString();
+        entry.urls << QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toString(QUrl::FullyEncoded);
     return entry;
 }
 

@@ -329,7 +329,7 @@ void MainWindow::cpCrop()
         }
     }
     setCropMode(false);
-    redisplay();
+    redisplayNewPair();
     view->fitToView();
 }
 
@@ -351,7 +351,7 @@ void MainWindow::resizePair(int width, int height, ResizeMode mode)
     if (!proc.resizePair(width, height, mode))
         return;
     panel->showAdjustment(proc.adjustment);
-    redisplay();
+    redisplayNewPair();
     view->fitToView();
     pushRenderedPair();
 }
@@ -369,9 +369,7 @@ bool MainWindow::openEntryAndShow(const StereoEntry &entry)
     setWindowTitle(openedDescription + QStringLiteral(" — Vorel"));
     statusBar()->clearMessage();
     panel->showAdjustment(proc.adjustment);
-    if (proc.nTab == StereoImageProcessor::previewTab)
-        onPanelPageChanged(proc.nTab);
-    redisplay();
+    redisplayNewPair();
     view->fitToView();
     return true;
 }
@@ -398,9 +396,7 @@ void MainWindow::applyHistoryState(const std::optional<ImagePair> &state)
         return;
     proc.loadPair(state->left, state->right, false);
     panel->showAdjustment(proc.adjustment);
-    if (proc.nTab == StereoImageProcessor::previewTab)
-        onPanelPageChanged(proc.nTab);
-    redisplay();
+    redisplayNewPair();
     updateControls();
 }
 
@@ -444,9 +440,7 @@ void MainWindow::applyAlignment(const std::optional<QImage> &picture)
     }
     proc.loadSideBySide(*picture, false);
     panel->showAdjustment(proc.adjustment);
-    if (proc.nTab == StereoImageProcessor::previewTab)
-        onPanelPageChanged(proc.nTab);
-    redisplay();
+    redisplayNewPair();
     pushRenderedPair();
 }
 
@@ -455,9 +449,7 @@ void MainWindow::cpColorMatch(bool rightReference)
     if (!requirePair())
         return;
     matchColours(proc, rightReference);
-    if (proc.nTab == StereoImageProcessor::previewTab)
-        onPanelPageChanged(proc.nTab);
-    redisplay();
+    redisplayNewPair();
     pushRenderedPair();
 }
 
@@ -553,6 +545,15 @@ void MainWindow::onPanelPageChanged(int page)
         proc.makePreviewCache(area.width(), area.height());
     }
     redisplay();
+}
+
+void MainWindow::redisplayNewPair()
+{
+    // Loading a pair drops the slider preview cache; on the adjustment page it is rebuilt first.
+    if (proc.nTab == StereoImageProcessor::previewTab)
+        onPanelPageChanged(proc.nTab);
+    else
+        redisplay();
 }
 
 void MainWindow::redisplay()

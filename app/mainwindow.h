@@ -99,6 +99,7 @@ private:
     void setCropMode(bool on);
     void onPanelPageChanged(int page);
     void redisplay();
+    void redisplayNewPair();
     void updateControls();
     void chooseFilesToOpen();
     void chooseFileToSave();

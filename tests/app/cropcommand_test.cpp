@@ -70,6 +70,19 @@ private slots:
         QVERIFY(!window.cropMode());
         QCOMPARE(window.processor().leftOriginal->size(), QSize(522, 720));
     }
+
+    // The adjustment page draws from a preview cache; a resized pair must replace it.
+    void resizeOnTheAdjustmentPageRedraws()
+    {
+        MainWindow window{std::make_unique<Preferences>(dir.filePath(QStringLiteral("r.ini")))};
+        window.show();
+        QVERIFY(window.openPaths({QStringLiteral(VOREL_TEST_DATA "/stereo/02-super-mario.jpg")}));
+        window.controlPanel()->setCurrentIndex(StereoImageProcessor::previewTab);
+        QVERIFY(window.pairView()->shownPictureSize().width() < window.pairView()->shownPictureSize().height());
+        window.resizePair(720, 360, ResizeMode::stretch);
+        const QSize shown = window.pairView()->shownPictureSize();
+        QVERIFY2(shown.width() > shown.height(), qPrintable(QStringLiteral("%1x%2").arg(shown.width()).arg(shown.height())));
+    }
 };
 
 QTEST_MAIN(CropCommandTest)

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The recent-files list: ordering, limit, titles and what survives a restart.
+#include <QDir>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -55,6 +57,16 @@ TEST(FileHistory, Titles)
     EXPECT_EQ(FileHistory::title(photos), QStringLiteral("📷 01234567… / ABCDEFGH…"));
     photos.photoLocalIDs->append(QStringLiteral("third"));
     EXPECT_EQ(FileHistory::title(photos), QStringLiteral("📷 01234567…"));
+}
+
+// Relative paths from the command line are stored absolute; spaces and accents encoded.
+TEST(FileHistory, StoresAbsoluteEncodedUrls)
+{
+    const HistoryEntry entry = FileHistory::forFiles({QStringLiteral("shots/été 1.jpg")});
+    const QString absolute = QDir::current().absoluteFilePath(QStringLiteral("shots/été 1.jpg"));
+    ASSERT_EQ(entry.urls.size(), 1);
+    EXPECT_TRUE(entry.urls[0].endsWith(QStringLiteral("/shots/%C3%A9t%C3%A9%201.jpg"))) << entry.urls[0].toStdString();
+    EXPECT_EQ(QUrl(entry.urls[0]).toLocalFile(), absolute);
 }
 
 TEST(FileHistory, BadStoredDataGivesAnEmptyHistory)
