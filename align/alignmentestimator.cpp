@@ -297,8 +297,8 @@ DisparityStatistics AlignmentEstimator::disparityStatistics() const
     double maximum = disparities.back(), minimum = disparities.front();
     if (disparities.size() >= extremeMinimum) {
         maximum = minimum = 0;
-        for (int64_t i = 0; i < extremeCount; ++i) {
-            maximum += disparities[disparities.size() - 1 - static_cast<size_t>(i)];
+        for (int64_t i = 0; i < extremeCount; ++i) { // both in ascending order
+            maximum += disparities[disparities.size() - static_cast<size_t>(extremeCount - i)];
             minimum += disparities[static_cast<size_t>(i)];
         }
         maximum /= extremeCount;
@@ -331,24 +331,30 @@ std::optional<AlignmentCorrection> AlignmentEstimator::estimate()
     for (int outer = 0; outer < outerPasses; ++outer) {
         DisparityStatistics stats;
         for (int pass = 0; pass < innerPasses; ++pass) {
-            const double offset = meanVerticalOffset();
-            shift(offset);
-            totals.verticalOffset += offset;
+            // The pass's own results are summed first and join the running totals together.
+            AlignmentCorrection passResult;
+            passResult.verticalOffset = meanVerticalOffset();
+            shift(passResult.verticalOffset);
             for (int round = 0; round < searchRounds; ++round) {
                 const double a = rotationSearch();
                 rotate(a);
-                totals.rotation += a;
+                passResult.rotation += a;
                 const double s = scaleSearch();
                 rescale(s);
-                totals.scale += s;
+                passResult.scale += s;
                 const double tv = verticalTiltSearch();
                 applyVerticalTilt(tv);
-                totals.verticalTilt += tv;
+                passResult.verticalTilt += tv;
                 const double th = horizontalTiltSearch();
                 applyHorizontalTilt(th);
-                totals.horizontalTilt += th;
+                passResult.horizontalTilt += th;
             }
-            totals.verticalOffset += meanVerticalOffset();
+            passResult.verticalOffset += meanVerticalOffset();
+            totals.verticalOffset += passResult.verticalOffset;
+            totals.rotation += passResult.rotation;
+            totals.scale += passResult.scale;
+            totals.verticalTilt += passResult.verticalTilt;
+            totals.horizontalTilt += passResult.horizontalTilt;
 
             m_points = original;
             applyTotals(totals);

@@ -23,8 +23,6 @@ RgbBuffer resampleBilinear(const QImage &image, int64_t width, int64_t height)
     if (source.isNull() || width <= 0 || height <= 0)
         return {};
     RgbBuffer out(width, height);
-    const float xRatio = static_cast<float>(w) / static_cast<float>(width);
-    const float yRatio = static_cast<float>(h) / static_cast<float>(height);
     // Column sources are the same on every row.
     struct ColumnSample {
         int64_t left, right; // byte offsets of the neighbouring pixels
@@ -32,14 +30,14 @@ RgbBuffer resampleBilinear(const QImage &image, int64_t width, int64_t height)
     };
     std::vector<ColumnSample> columns(static_cast<size_t>(width));
     for (int64_t x = 0; x < width; ++x) {
-        const float sx = static_cast<float>(x) * xRatio;
+        const float sx = static_cast<float>(x) * static_cast<float>(w) / static_cast<float>(width);
         const int64_t x0 = static_cast<int64_t>(sx);
         columns[x] = {x0 * 4, std::min(x0 + 1, w - 1) * 4, sx - static_cast<float>(x0)};
     }
     constexpr int channels[3] = {pixelRed, pixelGreen, pixelBlue};
     parallelRows(height, [&](int64_t first, int64_t end) {
         for (int64_t y = first; y < end; ++y) {
-            const float sy = static_cast<float>(y) * yRatio;
+            const float sy = static_cast<float>(y) * static_cast<float>(h) / static_cast<float>(height);
             const int64_t y0 = static_cast<int64_t>(sy);
             const float fy = sy - static_cast<float>(y0);
             const uint8_t *top = source.constScanLine(static_cast<int>(y0));
