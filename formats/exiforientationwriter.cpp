@@ -82,7 +82,8 @@ void ExifOrientationWriter::rewrite(const QString &path, int orientation)
         throw std::invalid_argument("EXIF orientation must be 1..8");
     const QByteArray bytes = readWhole(path);
     const QMimeType mimeType = QMimeDatabase().mimeTypeForData(bytes);
-    if (!mimeType.isValid() || mimeType.isDefault())
+    // Only images get as far as "Unsupported format"; text and the like are of unknown type.
+    if (!mimeType.isValid() || mimeType.isDefault() || !mimeType.name().startsWith(QLatin1String("image/")))
         throw WriterError(WriterError::unknownFileType);
     // A file whose structure we cannot follow is one we could not read.
     const std::optional<QByteArray> rewritten = withOrientation(bytes, mimeType.name(), orientation);

@@ -171,7 +171,7 @@ TEST(RewriteFailure, ReportsTheErrorAndLeavesTheFileAlone)
         {"hopper.gif", readAll(data + QStringLiteral("/other/hopper.gif")), "Unsupported format: image/gif"},
         {"hopper.webp", readAll(data + QStringLiteral("/other/hopper.webp")), "Unsupported format: image/webp"},
         {"hopper.bmp", readAll(data + QStringLiteral("/other/hopper.bmp")), "Unsupported format: image/bmp"},
-        {"notes.jpg", "just some text\n", "Unsupported format: text/plain"},
+        {"notes.jpg", "just some text\n", "Could not determine file type"},
         {"noise.jpg", QByteArray("\x01\x02\x03\x9a\xff\x00\x17", 7), "Could not determine file type"},
         {"empty.jpg", QByteArray(), "Could not read the file"},
         {"cut.jpg", readAll(data + QStringLiteral("/orientation/hopper.jpg")).left(300), "Could not read the file"},
