@@ -11,7 +11,7 @@
 
 #include "core/largebuffer.h"
 #include "core/parallelrows.h"
-#include "core/perspectivewarp.h"
+#include "core/homographywarp.h"
 
 namespace Vorel {
 

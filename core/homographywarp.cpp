@@ -10,14 +10,14 @@
 //   v = (1-fx)(1-fy) p00 + fx(1-fy) p10 + (1-fx)fy p01 + fx fy p11 + 0.5, truncated, <= 255
 // Every output pixel depends only on its own coordinates, so any region of the frame can be
 // computed alone and rows can be split over cores without changing a bit.
-#include "core/perspectivewarp.h"
+#include "core/homographywarp.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 
 #include "core/parallelrows.h"
-#include "core/perspectivewarpspan.h"
+#include "core/homographywarpspan.h"
 
 namespace Vorel {
 

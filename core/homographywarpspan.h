@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/perspectivewarp.h"
+#include "core/homographywarp.h"
 
 namespace Vorel::WarpDetail {
 

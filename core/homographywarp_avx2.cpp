@@ -3,7 +3,7 @@
 // AVX2 kernel of the display warp (4-byte pixels). Only mul, add, sub and div are used, each
 // lane in the order of the scalar formula, and no fused multiply-add: every pixel equals the
 // scalar kernel's bit for bit. Compiled with -mavx2 alone; chosen at run time.
-#include "core/perspectivewarpspan.h"
+#include "core/homographywarpspan.h"
 
 #include <immintrin.h>
 
