@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/stereointake.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include "core/stereoimageprocessor.h"
@@ -13,64 +14,88 @@ namespace Vorel {
 
 namespace {
 
-bool openSideBySide(StereoImageProcessor &proc, const QString &path)
+QImage readUpright(const QString &path)
 {
-    const std::optional<QImage> image = loadCorrectImageOriented(path);
-    if (!image || image->width() < 2)
-        return false;
-    proc.loadSideBySide(*image, true);
-    return true;
+    std::optional<QImage> image = loadCorrectImageOriented(path);
+    if (!image)
+        throw StereoIntakeError{
+            QCoreApplication::translate("MainWindow", "Cannot open %1").arg(QFileInfo(path).fileName())};
+    return *std::move(image);
 }
 
-bool openMpo(StereoImageProcessor &proc, const QString &path)
+StereoFileKind kindOfFile(const QString &path)
 {
-    try {
-        const auto [left, right] = extractMPO(path);
-        proc.loadPair(left, right, true);
-        return true;
-    } catch (const MpoError &) {
-        return false;
+    const QString suffix = QFileInfo(path).suffix().toUpper();
+    if (suffix == QLatin1String("MPO"))
+        return StereoFileKind::mpo;
+    if (suffix == QLatin1String("HEIC"))
+        return StereoFileKind::spatial;
+    return StereoFileKind::sideBySide;
+}
+
+void loadSingleFile(StereoImageProcessor &proc, const QString &path, StereoFileKind kind)
+{
+    if (kind == StereoFileKind::byExtension)
+        kind = kindOfFile(path);
+    switch (kind) {
+    case StereoFileKind::mpo:
+        try {
+            const auto [left, right] = extractMPO(path);
+            proc.loadPair(left, right, true);
+        } catch (const MpoError &error) {
+            throw StereoIntakeError{error.description()};
+        }
+        return;
+    case StereoFileKind::spatial:
+        try {
+            const ImagePair pair = readSpatialPhoto(path);
+            proc.loadPair(pair.left, pair.right, true);
+        } catch (const SpatialPhotoError &error) {
+            throw StereoIntakeError{error.description()};
+        }
+        return;
+    default: {
+        const QImage image = readUpright(path);
+        if (image.width() < 2) // no room for two halves
+            throw StereoIntakeError{
+                QCoreApplication::translate("MainWindow", "Cannot open %1").arg(QFileInfo(path).fileName())};
+        proc.loadSideBySide(image, true);
+        return;
     }
-}
-
-bool openSpatialPhoto(StereoImageProcessor &proc, const QString &path)
-{
-    try {
-        const ImagePair pair = readSpatialPhoto(path);
-        proc.loadPair(pair.left, pair.right, true);
-        return true;
-    } catch (const SpatialPhotoError &) {
-        return false;
     }
 }
 
 } // namespace
 
-bool openEntry(StereoImageProcessor &proc, const StereoEntry &entry, StereoFileKind kind)
+void loadEntry(StereoImageProcessor &proc, const StereoEntry &entry, StereoFileKind kind)
 {
     if (entry.isSeparatePair()) {
-        const std::optional<QImage> left = loadCorrectImageOriented(entry.left);
-        const std::optional<QImage> right = loadCorrectImageOriented(entry.right);
-        if (!left || !right)
-            return false;
-        proc.loadPair(*left, *right, true);
-        return true;
+        const QImage left = readUpright(entry.left);
+        const QImage right = readUpright(entry.right);
+        proc.loadPair(left, right, true);
+        return;
     }
-    if (kind == StereoFileKind::byExtension) {
-        const QString suffix = QFileInfo(entry.left).suffix().toUpper();
-        if (suffix == QLatin1String("MPO"))
-            kind = StereoFileKind::mpo;
-        else if (suffix == QLatin1String("HEIC"))
-            kind = StereoFileKind::spatial;
-        else
-            kind = StereoFileKind::sideBySide;
+    loadSingleFile(proc, entry.left, kind);
+}
+
+bool openEntry(StereoImageProcessor &proc, const StereoEntry &entry, StereoFileKind kind)
+{
+    if (kind == StereoFileKind::byExtension && !entry.isSeparatePair())
+        kind = kindOfFile(entry.left);
+    try {
+        loadEntry(proc, entry, kind);
+        return true;
+    } catch (const StereoIntakeError &) {
     }
-    if (kind == StereoFileKind::mpo && openMpo(proc, entry.left))
-        return true;
-    if (kind == StereoFileKind::spatial && openSpatialPhoto(proc, entry.left))
-        return true;
+    if (entry.isSeparatePair() || kind == StereoFileKind::sideBySide)
+        return false;
     // Files that are not what their kind says are read as side-by-side pictures.
-    return openSideBySide(proc, entry.left);
+    try {
+        loadSingleFile(proc, entry.left, StereoFileKind::sideBySide);
+        return true;
+    } catch (const StereoIntakeError &) {
+        return false;
+    }
 }
 
 } // namespace Vorel

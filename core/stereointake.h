@@ -22,6 +22,16 @@ struct StereoEntry {
     bool isSeparatePair() const { return !right.isEmpty(); }
 };
 
+// Why an entry could not be loaded: the reader's own error text ("Invalid MPO file", the
+// spatial photo errors) or "Cannot open" with the file name.
+struct StereoIntakeError {
+    QString description;
+};
+
+// Loads the entry with history reset, strictly as `kind` says (`byExtension` as for
+// openEntry). Throws StereoIntakeError, leaving the processor as it was, when it cannot.
+void loadEntry(StereoImageProcessor &proc, const StereoEntry &entry, StereoFileKind kind);
+
 // Loads the entry with history reset. Returns false, leaving the processor as it was,
 // when the file(s) cannot be read. Reader errors are not reported: a file that fails as
 // MPO or spatial photo is read as a side-by-side picture.

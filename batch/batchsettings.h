@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The complete recipe of one batch run: folders, how the inputs hold their pairs, which steps
+// run with which parameters, and the layout and file format written. Stored under "batch."
+// (and the three "spatialPhoto." keys shared with the spatial photo dialog).
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include <QString>
+
+#include "core/pairresize.h"
+
+namespace Vorel {
+
+class Preferences;
+
+// Each enumeration is stored as its position, which is also the pop-up item index.
+enum class BatchInputFormat { sbs, spatial, separate, mpo };
+enum class BatchOutputFormat { sbs, anaglyphGray, anaglyphColor, anaglyphDubois, halfSBS, spatial, separate, imageBorder };
+enum class BatchFileFormat { jpg, png, tiff, heic };
+
+// One row per case, in enumeration order: the `vorel-cli` name and the dialog text.
+template <typename Enum> struct BatchChoice {
+    Enum value;
+    std::string_view cliName;
+    const char *uiText;
+};
+
+inline constexpr std::array<BatchChoice<BatchInputFormat>, 4> batchInputFormats{{
+    {BatchInputFormat::sbs, "sbs", "SBS Image"},
+    {BatchInputFormat::spatial, "spatial", "Spatial Photo"},
+    {BatchInputFormat::separate, "separate", "Separate L/R Images"},
+    {BatchInputFormat::mpo, "mpo", "MPO Image"},
+}};
+
+inline constexpr std::array<BatchChoice<BatchOutputFormat>, 8> batchOutputFormats{{
+    {BatchOutputFormat::sbs, "sbs", "SBS Image"},
+    {BatchOutputFormat::anaglyphGray, "anaglyph-gray", "Gray Anaglyph"},
+    {BatchOutputFormat::anaglyphColor, "anaglyph-color", "Color Anaglyph"},
+    {BatchOutputFormat::anaglyphDubois, "anaglyph-dubois", "Dubois Anaglyph"},
+    {BatchOutputFormat::halfSBS, "half-sbs", "Half SBS"},
+    {BatchOutputFormat::spatial, "spatial", "Spatial Photo"},
+    {BatchOutputFormat::separate, "separate", "Separate L/R Images"},
+    {BatchOutputFormat::imageBorder, "border", "Image with Border"},
+}};
+
+// The CLI name doubles as the file extension written.
+inline constexpr std::array<BatchChoice<BatchFileFormat>, 4> batchFileFormats{{
+    {BatchFileFormat::jpg, "jpg", "JPG"},
+    {BatchFileFormat::png, "png", "PNG"},
+    {BatchFileFormat::tiff, "tiff", "TIFF"},
+    {BatchFileFormat::heic, "heic", "HEIC"},
+}};
+
+// The case stored as `index`; an index out of range gives the first case.
+template <typename Enum, size_t N> Enum batchChoiceAt(const std::array<BatchChoice<Enum>, N> &choices, int index)
+{
+    return index >= 0 && size_t(index) < N ? choices[size_t(index)].value : choices[0].value;
+}
+
+// The case named `name` on the command line, or none.
+template <typename Enum, size_t N>
+std::optional<Enum> batchChoiceNamed(const std::array<BatchChoice<Enum>, N> &choices, const QString &name)
+{
+    for (const BatchChoice<Enum> &choice : choices)
+        if (name == QLatin1String(choice.cliName.data(), qsizetype(choice.cliName.size())))
+            return choice.value;
+    return std::nullopt;
+}
+
+struct BatchCropSettings {
+    int x = 0, y = 0, w = 0, h = 0;
+};
+
+struct BatchResizeSettings {
+    int w = 1920, h = 1080;
+    ResizeMode mode = ResizeMode::stretch;
+};
+
+struct BatchSettings {
+    // What a folder label shows before a folder is chosen; it never counts as a folder.
+    static constexpr const char *notSelected = "(Not selected)";
+
+    QString inputFolder;
+    QString outputFolder;
+    BatchInputFormat inputFormat = BatchInputFormat::sbs;
+    BatchOutputFormat outputFormat = BatchOutputFormat::sbs;
+    BatchFileFormat fileFormat = BatchFileFormat::jpg;
+    bool swapLR = false;
+    bool autoAdj = false;
+    bool autoAdjCol = false;
+    bool autoAdjColLeft = false; // the "Left Reference" choice, handed to matchColours as its flag
+    bool manualAdj = false;
+    double manualH = 0;
+    double manualV = 0;
+    double manualRot = 0;
+    double manualScale = 0;
+    bool cropEnabled = false;
+    int cropX = 0, cropY = 0, cropW = 0, cropH = 0;
+    bool resizeEnabled = false;
+    int resizeW = 1920, resizeH = 1080;
+    ResizeMode resizeMode = ResizeMode::stretch;
+    double spatialFov = 63.4;
+    int spatialAdj = 200;
+    double spatialStb = 0.01924;
+
+    // Reads every key; `lastCrop` and `lastResize`, the viewer's latest interactive choices,
+    // take the place of the stored crop and resize values when given.
+    static BatchSettings load(const Preferences &preferences, const std::optional<BatchCropSettings> &lastCrop = {},
+                              const std::optional<BatchResizeSettings> &lastResize = {});
+    void save(Preferences &preferences) const;
+
+    // The alert text of the first failed check (input folder, output folder, crop, resize), or
+    // none when the settings can start a run.
+    std::optional<QString> validate() const;
+};
+
+// The disparity adjustment as the dialog's field stores it: the number's integer part,
+// truncated toward zero; none when the text is not a decimal number.
+std::optional<int> truncatedDisparityAdjustment(const QString &text);
+
+} // namespace Vorel

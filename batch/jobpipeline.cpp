@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/jobpipeline.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QRect>
+
+#include "align/autoalign.h"
+#include "align/colormatching.h"
+#include "border/borderedpair.h"
+#include "core/stereoimageprocessor.h"
+#include "core/stereointake.h"
+#include "formats/imagewriter.h"
+#include "formats/spatialphotoerror.h"
+
+namespace Vorel {
+
+namespace {
+
+QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
+
+// A stage that cannot go on; its text becomes the job's error.
+struct StageFailure {
+    QString text;
+};
+struct Cancelled {};
+
+StereoFileKind strictKind(BatchInputFormat format)
+{
+    switch (format) {
+    case BatchInputFormat::spatial:
+        return StereoFileKind::spatial;
+    case BatchInputFormat::mpo:
+        return StereoFileKind::mpo;
+    default:
+        return StereoFileKind::sideBySide;
+    }
+}
+
+void load(StereoImageProcessor &proc, const BatchSettings &settings, const BatchJob &job)
+{
+    const bool separate = job.inputs.size() == 2;
+    if (job.inputs.size() == 1 && settings.inputFormat == BatchInputFormat::separate && !job.openAsWindow)
+        throw StageFailure{tr("No right image to pair with %1").arg(QFileInfo(job.inputs[0]).fileName())};
+    const StereoEntry entry{job.inputs.value(0), separate ? job.inputs[1] : QString()};
+    if (job.openAsWindow) {
+        if (!openEntry(proc, entry))
+            throw StageFailure{tr("Cannot open %1").arg(job.displayName())};
+        return;
+    }
+    try {
+        loadEntry(proc, entry, strictKind(settings.inputFormat));
+    } catch (const StereoIntakeError &error) {
+        throw StageFailure{error.description};
+    }
+}
+
+void writeOutputs(const StereoImageProcessor &proc, const BatchSettings &settings, const BatchJob &job,
+                  const ImageBorderSettings &border)
+{
+    const QString &path = job.outputs.value(0);
+    const auto written = [&](const std::optional<QImage> &picture, const QString &target) {
+        if (!picture || !writeImage(*picture, target))
+            throw StageFailure{tr("Could not save %1").arg(QFileInfo(target).fileName())};
+    };
+    switch (settings.outputFormat) {
+    case BatchOutputFormat::spatial:
+        try {
+            proc.saveAsSpatialPhoto(path, settings.spatialAdj, settings.spatialFov, settings.spatialStb);
+        } catch (const SpatialPhotoError &error) {
+            throw StageFailure{error.description()};
+        }
+        return;
+    case BatchOutputFormat::imageBorder:
+        written(composeBorderedPair(proc, border, false), path);
+        return;
+    case BatchOutputFormat::anaglyphGray:
+    case BatchOutputFormat::anaglyphColor:
+    case BatchOutputFormat::anaglyphDubois: {
+        const int kind = int(settings.outputFormat) - int(BatchOutputFormat::anaglyphGray);
+        written(proc.renderAnaglyph(kind, false), path);
+        return;
+    }
+    case BatchOutputFormat::separate: {
+        const std::optional<ImagePair> pair = proc.renderFullWidth(false);
+        written(pair ? std::optional(pair->left) : std::nullopt, path);
+        written(pair ? std::optional(pair->right) : std::nullopt, job.outputs.value(1));
+        return;
+    }
+    case BatchOutputFormat::sbs:
+    case BatchOutputFormat::halfSBS:
+        if (!proc.saveSideBySide(path))
+            throw StageFailure{tr("Could not save %1").arg(QFileInfo(path).fileName())};
+        return;
+    }
+}
+
+void runStages(const BatchSettings &settings, const BatchJob &job, const ImageBorderSettings &border,
+               const CancelCheck &isCancelled, QStringList &warnings)
+{
+    const auto checkpoint = [&] {
+        if (isCancelled && isCancelled())
+            throw Cancelled{};
+    };
+    StereoImageProcessor proc;
+    checkpoint();
+    load(proc, settings, job);
+    checkpoint();
+    // The source images stay in place; every output shows them exchanged.
+    proc.isSwap = settings.swapLR;
+    if (settings.autoAdj) {
+        if (const std::optional<QImage> aligned = autoAlign(*proc.leftOriginal, *proc.rightOriginal))
+            proc.loadSideBySide(*aligned, false);
+        else
+            warnings << tr("Automatic alignment found nothing to match; the pair was not aligned.");
+        checkpoint();
+    }
+    if (settings.autoAdjCol) {
+        // The stored left-reference choice is the flag itself, as the batch has always passed it.
+        matchColours(proc, settings.autoAdjColLeft);
+        checkpoint();
+    }
+    if (settings.manualAdj)
+        proc.adjustment = StereoAdjustment{settings.manualH, settings.manualV, settings.manualRot, settings.manualScale};
+    if (settings.cropEnabled && settings.cropW >= 1 && settings.cropH >= 1) {
+        if (!proc.cropPair(QRect(settings.cropX, settings.cropY, settings.cropW, settings.cropH)))
+            throw StageFailure{tr("The crop rectangle lies outside the picture.")};
+        checkpoint();
+    }
+    if (settings.resizeEnabled) {
+        if (!proc.resizePair(settings.resizeW, settings.resizeH, settings.resizeMode))
+            throw StageFailure{tr("Could not resize the pair.")};
+        checkpoint();
+    }
+    proc.isHalf = settings.outputFormat == BatchOutputFormat::halfSBS;
+    writeOutputs(proc, settings, job, border);
+}
+
+} // namespace
+
+JobResult runJobPipeline(const BatchSettings &settings, const BatchJob &job, const ImageBorderSettings &border,
+                         const CancelCheck &isCancelled)
+{
+    QElapsedTimer clock;
+    clock.start();
+    JobResult result;
+    try {
+        runStages(settings, job, border, isCancelled, result.warnings);
+    } catch (const StageFailure &failure) {
+        result.status = JobStatus::failed;
+        result.error = failure.text;
+    } catch (const Cancelled &) {
+        result.status = JobStatus::cancelled;
+    } catch (const std::bad_alloc &) {
+        result.status = JobStatus::failed;
+        result.error = tr("Not enough memory for %1").arg(job.displayName());
+    }
+    result.seconds = double(clock.nsecsElapsed()) / 1e9;
+    return result;
+}
+
+} // namespace Vorel
