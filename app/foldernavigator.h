@@ -8,16 +8,10 @@
 
 #include <QStringList>
 
+#include "core/stereofilelist.h"
 #include "core/stereointake.h"
 
 namespace Vorel {
-
-// The folder's files that can be stepped to, hidden files skipped, in natural order
-// ("a2.JPG" < "a10.jpg" < "b.jpg"). BMP files can be opened but are deliberately not listed.
-QStringList navigableFiles(const QString &folder);
-
-// Sorts paths by file name in the same natural order.
-void sortNaturally(QStringList &paths);
 
 class FolderNavigator {
 public:

@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/batchjoblist.h"
 
-#include <algorithm>
-
-#include <QCollator>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -17,13 +14,6 @@ constexpr qsizetype namesShown = 5;
 
 QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
 
-bool hasInputExtension(const QString &fileName)
-{
-    const QString suffix = QFileInfo(fileName).suffix().toLower();
-    return std::any_of(std::begin(batchInputExtensions), std::end(batchInputExtensions),
-                       [&](const char *accepted) { return suffix == QLatin1String(accepted); });
-}
-
 } // namespace
 
 QString BatchJob::displayName() const
@@ -32,24 +22,6 @@ QString BatchJob::displayName() const
     for (const QString &input : inputs)
         names << QFileInfo(input).fileName();
     return names.join(QStringLiteral(" + "));
-}
-
-QStringList listBatchInputFiles(const QString &folder)
-{
-    const QDir dir(folder);
-    QStringList names;
-    // Hidden entries are left out by the filter (no QDir::Hidden); symbolic links to files count.
-    for (const QString &name : dir.entryList(QDir::Files | QDir::NoDotAndDotDot, QDir::NoSort))
-        if (!name.startsWith(QLatin1Char('.')) && hasInputExtension(name))
-            names << name;
-    QCollator collator;
-    collator.setNumericMode(true);
-    std::sort(names.begin(), names.end(),
-              [&](const QString &a, const QString &b) { return collator.compare(a, b) < 0; });
-    QStringList paths;
-    for (const QString &name : names)
-        paths << dir.absoluteFilePath(name);
-    return paths;
 }
 
 QStringList batchOutputNames(const QString &inputFile, const BatchSettings &settings)

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include "batch/batchsettings.h"
+#include "core/stereofilelist.h"
 
 namespace Vorel {
 
@@ -26,12 +27,8 @@ struct BatchJob {
     QString displayName() const;
 };
 
-// The accepted input extensions, lower case, in the order they are checked.
-inline constexpr const char *batchInputExtensions[] = {"jpg", "jpeg", "png", "tiff", "tif", "heic", "mpo"};
-
-// The folder's direct entries with an accepted extension (any case), hidden files skipped,
-// in natural file-name order (digit runs by value). Empty when the folder cannot be listed.
-QStringList listBatchInputFiles(const QString &folder);
+// The batch takes a folder's files exactly as folder stepping in the window lists them.
+inline QStringList listBatchInputFiles(const QString &folder) { return listStereoFiles(folder); }
 
 // Consecutive files pair up for `separate` input (an odd last file is a job of its own, which
 // fails when run); every other input format makes one job per file.

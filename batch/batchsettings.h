@@ -73,11 +73,13 @@ std::optional<Enum> batchChoiceNamed(const std::array<BatchChoice<Enum>, N> &cho
 
 struct BatchCropSettings {
     int x = 0, y = 0, w = 0, h = 0;
+    bool operator==(const BatchCropSettings &) const = default;
 };
 
 struct BatchResizeSettings {
     int w = 1920, h = 1080;
     ResizeMode mode = ResizeMode::stretch;
+    bool operator==(const BatchResizeSettings &) const = default;
 };
 
 struct BatchSettings {
@@ -116,6 +118,8 @@ struct BatchSettings {
     // The alert text of the first failed check (input folder, output folder, crop, resize), or
     // none when the settings can start a run.
     std::optional<QString> validate() const;
+
+    bool operator==(const BatchSettings &) const = default;
 };
 
 // The disparity adjustment as the dialog's field stores it: the number's integer part,

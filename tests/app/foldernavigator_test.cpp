@@ -33,7 +33,7 @@ TEST(FolderNavigator, ListsStereoFilesInNaturalOrder)
     QTemporaryDir dir;
     for (const char *name : {"b.jpg", "a10.jpg", "a2.JPG", ".hidden.jpg", "c.bmp", "d.txt", "e.heic", "f.MPO"})
         touch(dir, name);
-    EXPECT_EQ(names(navigableFiles(dir.path())),
+    EXPECT_EQ(names(listStereoFiles(dir.path())),
               (QStringList{"a2.JPG", "a10.jpg", "b.jpg", "e.heic", "f.MPO"}));
 }
 

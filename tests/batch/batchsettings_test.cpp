@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Batch settings: what an empty or hand-edited store loads as, the order of the alerts, and a
+// save-load round trip.
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "batch/batchsettings.h"
+#include "core/preferences.h"
+
+using namespace Vorel;
+
+namespace {
+
+struct LoadCase {
+    const char *name;
+    std::function<void(Preferences &)> store;
+    std::function<void(BatchSettings &)> expect; // applied to the defaults
+    std::optional<BatchCropSettings> lastCrop;
+    std::optional<BatchResizeSettings> lastResize;
+};
+
+class LoadBatchSettings : public testing::TestWithParam<LoadCase> {};
+
+TEST_P(LoadBatchSettings, FromStore)
+{
+    QTemporaryDir dir;
+    Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+    GetParam().store(preferences);
+    BatchSettings expected;
+    GetParam().expect(expected);
+    EXPECT_EQ(BatchSettings::load(preferences, GetParam().lastCrop, GetParam().lastResize), expected);
+}
+
+void set(Preferences &p, const char *key, double value) { p.setNumber(QString::fromLatin1(key), value); }
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, LoadBatchSettings,
+    testing::Values(
+        LoadCase{"emptyStore", [](Preferences &) {}, [](BatchSettings &) {}},
+        LoadCase{"storedZeroSizesAndSpatialGiveDefaults",
+                 [](Preferences &p) {
+                     for (const char *key : {"batch.resizeW", "batch.resizeH", "spatialPhoto.fov", "spatialPhoto.adj",
+                                             "spatialPhoto.stb"})
+                         set(p, key, 0);
+                     set(p, "spatialPhoto.adj", -3);
+                 },
+                 [](BatchSettings &) {}},
+        LoadCase{"outOfRangeIndexesFallBackToFirstCase",
+                 [](Preferences &p) {
+                     set(p, "batch.inputFormat", 9);
+                     set(p, "batch.outputFormat", -1);
+                     set(p, "batch.fileFormat", 4);
+                     set(p, "batch.resizeMode", 3);
+                 },
+                 [](BatchSettings &) {}},
+        LoadCase{"lastCasesAndFractionalCrop",
+                 [](Preferences &p) {
+                     set(p, "batch.inputFormat", 3);
+                     set(p, "batch.outputFormat", 7);
+                     set(p, "batch.fileFormat", 3);
+                     set(p, "batch.resizeMode", 2);
+                     set(p, "batch.cropX", 10.9); // the crop command stores what it measured
+                     set(p, "batch.cropW", 640.5);
+                     p.setFlag(QStringLiteral("batch.autoAdjColLeft"), true);
+                 },
+                 [](BatchSettings &s) {
+                     s.inputFormat = BatchInputFormat::mpo;
+                     s.outputFormat = BatchOutputFormat::imageBorder;
+                     s.fileFormat = BatchFileFormat::heic;
+                     s.resizeMode = ResizeMode::letterbox;
+                     s.cropX = 10;
+                     s.cropW = 640;
+                     s.autoAdjColLeft = true;
+                 }},
+        LoadCase{"viewerChoicesWin",
+                 [](Preferences &p) {
+                     set(p, "batch.cropW", 5);
+                     set(p, "batch.resizeW", 800);
+                 },
+                 [](BatchSettings &s) {
+                     s.cropX = 1, s.cropY = 2, s.cropW = 3, s.cropH = 4;
+                     s.resizeW = 100, s.resizeH = 50, s.resizeMode = ResizeMode::cropFit;
+                 },
+                 BatchCropSettings{1, 2, 3, 4}, BatchResizeSettings{100, 50, ResizeMode::cropFit}}),
+    [](const testing::TestParamInfo<LoadCase> &info) { return std::string(info.param.name); });
+
+TEST(BatchSettings, SaveLoadRoundTrip)
+{
+    QTemporaryDir dir;
+    Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+    BatchSettings s;
+    s.inputFolder = QStringLiteral("/photos/in");
+    s.outputFolder = QStringLiteral("/photos/out");
+    s.inputFormat = BatchInputFormat::separate;
+    s.outputFormat = BatchOutputFormat::anaglyphDubois;
+    s.fileFormat = BatchFileFormat::png;
+    s.swapLR = s.autoAdj = s.autoAdjCol = s.autoAdjColLeft = s.manualAdj = s.cropEnabled = s.resizeEnabled = true;
+    s.manualH = 1.25, s.manualV = -0.5, s.manualRot = 0.1, s.manualScale = 2;
+    s.cropX = 3, s.cropY = 4, s.cropW = 500, s.cropH = 400;
+    s.resizeW = 640, s.resizeH = 480, s.resizeMode = ResizeMode::cropFit;
+    s.spatialFov = 70.5, s.spatialAdj = 12, s.spatialStb = 0.065;
+    s.save(preferences);
+    EXPECT_EQ(BatchSettings::load(preferences), s);
+}
+
+TEST(BatchSettings, ValidationOrderAndTexts)
+{
+    const auto withFolders = [] {
+        BatchSettings s;
+        s.inputFolder = QStringLiteral("/in");
+        s.outputFolder = QStringLiteral("/out");
+        return s;
+    };
+    struct Case {
+        std::function<void(BatchSettings &)> edit;
+        const char *alert; // null: valid
+    };
+    const Case cases[] = {
+        {[](BatchSettings &) {}, nullptr},
+        {[](BatchSettings &s) { s.inputFolder = QStringLiteral("   "); }, "Please specify an input folder."},
+        {[](BatchSettings &s) { s.inputFolder = QStringLiteral(" (Not selected) "); }, "Please specify an input folder."},
+        {[](BatchSettings &s) { s.outputFolder = QStringLiteral("(Not selected)"); }, "Please specify an output folder."},
+        // Crop is checked before resize, and X, Y never.
+        {[](BatchSettings &s) {
+             s.cropEnabled = s.resizeEnabled = true;
+             s.cropW = 0, s.cropH = 5, s.resizeW = 0;
+         },
+         "Crop size (W, H) must be greater than 0."},
+        {[](BatchSettings &s) {
+             s.cropEnabled = s.resizeEnabled = true;
+             s.cropX = -40, s.cropW = 1, s.cropH = 1, s.resizeH = 0;
+         },
+         "Resize dimensions (W, H) must be greater than 0."},
+        {[](BatchSettings &s) { s.cropW = 0, s.resizeW = 0; }, nullptr}, // both switched off
+    };
+    for (const Case &c : cases) {
+        BatchSettings s = withFolders();
+        c.edit(s);
+        const std::optional<QString> alert = s.validate();
+        EXPECT_EQ(alert.value_or(QString()), c.alert ? QString::fromUtf8(c.alert) : QString());
+    }
+}
+
+TEST(BatchSettings, DisparityFieldIsTruncatedTowardZero)
+{
+    EXPECT_EQ(truncatedDisparityAdjustment(QStringLiteral("12.9")), 12);
+    EXPECT_EQ(truncatedDisparityAdjustment(QStringLiteral("-3.7")), -3);
+    EXPECT_EQ(truncatedDisparityAdjustment(QStringLiteral("200")), 200);
+    EXPECT_EQ(truncatedDisparityAdjustment(QStringLiteral("abc")), std::nullopt);
+}
+
+} // namespace
