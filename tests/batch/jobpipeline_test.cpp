@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The job pipeline on real files: each output is what the window composes from the same pair,
+// bad inputs fail with their reader's text and leave no file, and a run stops when cancelled.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include "batch/batchprocessor.h"
+#include "core/displaycomposition.h"
+#include "core/stereoimageprocessor.h"
+#include "core/stereointake.h"
+#include "formats/spatialphoto.h"
+
+using namespace Vorel;
+
+namespace {
+
+const QString data = QStringLiteral(VOREL_TEST_DATA);
+
+struct Folder {
+    QTemporaryDir dir;
+    QString path(const QString &name) const { return dir.filePath(name); }
+    QString copy(const QString &source, const QString &name) const
+    {
+        QFile::copy(data + source, path(name));
+        return path(name);
+    }
+    QString write(const QString &name, const QByteArray &bytes) const
+    {
+        QFile file(path(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+        return path(name);
+    }
+};
+
+BatchSettings settingsFor(BatchInputFormat input, BatchOutputFormat output, BatchFileFormat file = BatchFileFormat::png)
+{
+    BatchSettings settings;
+    settings.inputFormat = input;
+    settings.outputFormat = output;
+    settings.fileFormat = file;
+    return settings;
+}
+
+JobResult run(const BatchSettings &settings, const BatchJob &job)
+{
+    return runJobPipeline(settings, job, ImageBorderSettings(), {});
+}
+
+// The pair as the window holds it after opening the same file.
+StereoImageProcessor windowProcessor(const QString &path)
+{
+    StereoImageProcessor proc;
+    openEntry(proc, {path, {}});
+    return proc;
+}
+
+TEST(JobPipeline, OutputsAreWhatTheWindowComposes)
+{
+    Folder folder;
+    const QString mpo = folder.copy(QStringLiteral("/mpo/frozenpond.mpo"), QStringLiteral("pond.mpo"));
+    StereoImageProcessor proc = windowProcessor(mpo);
+    proc.isSwap = true; // every output shows the swapped order
+    const ImagePair pair = *proc.renderFullWidth(false);
+    struct Case {
+        BatchOutputFormat output;
+        QImage expected;
+    };
+    const Case cases[] = {
+        {BatchOutputFormat::sbs, composeSideBySide(pair.left, pair.right)},
+        {BatchOutputFormat::halfSBS, composeSideBySide(halfWidth(pair.left), halfWidth(pair.right))},
+        {BatchOutputFormat::anaglyphGray, *proc.renderAnaglyph(0, false)},
+        {BatchOutputFormat::anaglyphDubois, *proc.renderAnaglyph(2, false)},
+        {BatchOutputFormat::separate, pair.left},
+    };
+    for (const Case &c : cases) {
+        BatchSettings settings = settingsFor(BatchInputFormat::mpo, c.output);
+        settings.swapLR = true;
+        const QStringList outputs{folder.path(QStringLiteral("out_L.png")), folder.path(QStringLiteral("out_R.png"))};
+        const JobResult result = run(settings, {{mpo}, outputs});
+        ASSERT_EQ(result.status, JobStatus::ok) << int(c.output) << result.error.toStdString();
+        EXPECT_EQ(QImage(outputs[0]).convertToFormat(QImage::Format_RGB32),
+                  c.expected.convertToFormat(QImage::Format_RGB32))
+            << int(c.output);
+    }
+    EXPECT_EQ(QImage(folder.path(QStringLiteral("out_R.png"))).convertToFormat(QImage::Format_RGB32),
+              pair.right.convertToFormat(QImage::Format_RGB32));
+}
+
+TEST(JobPipeline, SpatialOutputReadsBackAsThePair)
+{
+    Folder folder;
+    const QString left = folder.copy(QStringLiteral("/stereo/left.jpg"), QStringLiteral("a.jpg"));
+    const QString right = folder.copy(QStringLiteral("/stereo/right.jpg"), QStringLiteral("b.jpg"));
+    const QString out = folder.path(QStringLiteral("a.heic"));
+    ASSERT_EQ(run(settingsFor(BatchInputFormat::separate, BatchOutputFormat::spatial), {{left, right}, {out}}).status,
+              JobStatus::ok);
+    StereoImageProcessor proc;
+    openEntry(proc, {left, right});
+    EXPECT_EQ(readSpatialPhoto(out).right.size(), proc.renderFullWidth(false)->right.size());
+}
+
+// The stored "left reference" choice is passed on as the flag itself: without swap the left
+// image is matched to the right one, which stays as it was.
+TEST(JobPipeline, LeftReferenceChoiceCorrectsTheLeftImage)
+{
+    Folder folder;
+    const QString mpo = folder.copy(QStringLiteral("/mpo/sugarshack.mpo"), QStringLiteral("s.mpo"));
+    const ImagePair plain = *windowProcessor(mpo).renderFullWidth(false);
+    BatchSettings settings = settingsFor(BatchInputFormat::mpo, BatchOutputFormat::separate);
+    settings.autoAdjCol = settings.autoAdjColLeft = true;
+    const QStringList outputs{folder.path(QStringLiteral("L.png")), folder.path(QStringLiteral("R.png"))};
+    ASSERT_EQ(run(settings, {{mpo}, outputs}).status, JobStatus::ok);
+    EXPECT_NE(QImage(outputs[0]).convertToFormat(QImage::Format_RGB32), plain.left.convertToFormat(QImage::Format_RGB32));
+    EXPECT_EQ(QImage(outputs[1]).convertToFormat(QImage::Format_RGB32), plain.right.convertToFormat(QImage::Format_RGB32));
+}
+
+TEST(JobPipeline, CropAndResizeFollowTheAdjustment)
+{
+    Folder folder;
+    const QString mpo = folder.copy(QStringLiteral("/mpo/frozenpond.mpo"), QStringLiteral("p.mpo"));
+    BatchSettings settings = settingsFor(BatchInputFormat::mpo, BatchOutputFormat::sbs);
+    settings.manualAdj = true;
+    settings.manualV = 2;
+    settings.cropEnabled = true;
+    settings.cropX = 10, settings.cropY = 20, settings.cropW = 300, settings.cropH = 200;
+    const QString out = folder.path(QStringLiteral("p.png"));
+    ASSERT_EQ(run(settings, {{mpo}, {out}}).status, JobStatus::ok);
+    EXPECT_EQ(QImage(out).size(), QSize(600, 200));
+    settings.resizeEnabled = true;
+    settings.resizeW = 160, settings.resizeH = 90, settings.resizeMode = ResizeMode::letterbox;
+    ASSERT_EQ(run(settings, {{mpo}, {out}}).status, JobStatus::ok);
+    EXPECT_EQ(QImage(out).size(), QSize(320, 90));
+}
+
+TEST(JobPipeline, BadInputsFailWithTheirTextAndWriteNothing)
+{
+    Folder folder;
+    QByteArray jpeg;
+    {
+        QFile file(data + QStringLiteral("/stereo/left.jpg"));
+        file.open(QIODevice::ReadOnly);
+        jpeg = file.readAll();
+    }
+    struct Case {
+        BatchInputFormat input;
+        QStringList inputs;
+        const char *error;
+    };
+    const Case cases[] = {
+        {BatchInputFormat::sbs, {folder.write(QStringLiteral("cut.jpg"), jpeg.left(300))}, "Cannot open cut.jpg"},
+        {BatchInputFormat::mpo, {folder.write(QStringLiteral("empty.mpo"), {})}, "Invalid MPO file"},
+        {BatchInputFormat::mpo, {folder.copy(QStringLiteral("/stereo/left.jpg"), QStringLiteral("one.mpo"))},
+         "Invalid MPO file"},
+        {BatchInputFormat::spatial, {folder.write(QStringLiteral("text.heic"), "not a picture")},
+         "Could not open the file: text.heic"},
+        {BatchInputFormat::separate, {folder.copy(QStringLiteral("/stereo/left.jpg"), QStringLiteral("odd.jpg"))},
+         "No right image to pair with odd.jpg"},
+        {BatchInputFormat::separate, {folder.path(QStringLiteral("odd.jpg")), folder.path(QStringLiteral("gone.jpg"))},
+         "Cannot open gone.jpg"},
+    };
+    for (const Case &c : cases) {
+        const QString out = folder.path(QStringLiteral("out.png"));
+        const JobResult result = run(settingsFor(c.input, BatchOutputFormat::sbs), {c.inputs, {out}});
+        EXPECT_EQ(result.status, JobStatus::failed);
+        EXPECT_EQ(result.error, QString::fromUtf8(c.error));
+        EXPECT_FALSE(QFile::exists(out)) << c.error;
+    }
+    // A folder that is not there cannot take the output.
+    const QString mpo = folder.copy(QStringLiteral("/mpo/sugarshack.mpo"), QStringLiteral("s.mpo"));
+    const JobResult unwritable = run(settingsFor(BatchInputFormat::mpo, BatchOutputFormat::sbs),
+                                     {{mpo}, {folder.path(QStringLiteral("missing/s.png"))}});
+    EXPECT_EQ(unwritable.error, QStringLiteral("Could not save s.png"));
+}
+
+TEST(BatchProcessor, CancelDuringJobThreeOfTenStartsNoLaterJob)
+{
+    Folder folder;
+    QStringList inputs;
+    for (int i = 1; i <= 10; ++i)
+        inputs << folder.copy(QStringLiteral("/mpo/sugarshack.mpo"), QStringLiteral("p%1.mpo").arg(i));
+    BatchSettings settings = settingsFor(BatchInputFormat::mpo, BatchOutputFormat::anaglyphDubois);
+    settings.outputFolder = folder.path(QStringLiteral("out"));
+    QDir().mkpath(settings.outputFolder);
+    const std::vector<BatchJob> jobs = makeBatchJobs(inputs, settings);
+
+    BatchProcessor processor;
+    std::vector<size_t> started;
+    BatchHooks hooks;
+    hooks.jobStarted = [&](size_t index, const BatchJob &) {
+        started.push_back(index);
+        if (index == 2)
+            processor.cancel();
+    };
+    const std::vector<JobResult> results = processor.process(settings, jobs, {}, hooks);
+    EXPECT_EQ(started, (std::vector<size_t>{0, 1, 2}));
+    ASSERT_EQ(results.size(), 3u);
+    EXPECT_EQ(results[1].status, JobStatus::ok);
+    EXPECT_EQ(results[2].status, JobStatus::cancelled);
+    EXPECT_EQ(QDir(settings.outputFolder).entryList(QDir::Files), (QStringList{"p1.png", "p2.png"}));
+
+    // A resumed run skips the finished jobs and does the rest.
+    BatchProcessor resumed;
+    BatchRunOptions options;
+    options.skipExisting = true;
+    const std::vector<JobResult> rest = resumed.process(settings, jobs, options);
+    ASSERT_EQ(rest.size(), 10u);
+    EXPECT_EQ(rest[1].status, JobStatus::skippedExisting);
+    EXPECT_EQ(rest[2].status, JobStatus::ok);
+}
+
+} // namespace
