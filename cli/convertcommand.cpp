@@ -2,108 +2,96 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/convertcommand.h"
 
-#include <cstdio>
 #include <iostream>
 #include <string>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <unistd.h>
 
-#include "align/autoalign.h"
-#include "align/colormatching.h"
-#include "border/borderedpair.h"
-#include "cli/convertoptions.h"
+#include "batch/jobpipeline.h"
+#include "cli/pipelineoptions.h"
 #include "core/preferences.h"
-#include "core/stereoimageprocessor.h"
-#include "formats/imagewriter.h"
-#include "formats/spatialphoto.h"
-#include "formats/spatialphotosettings.h"
 
 namespace Vorel {
 
 namespace {
 
+QString tr(const char *text) { return QCoreApplication::translate("vorel-cli", text); }
+
 // Asks on the terminal; without one (scripts, CI) an existing file is never replaced silently.
-bool mayOverwrite(const ConvertOptions &options)
+bool mayOverwrite(const QString &path)
 {
-    if (options.overwrite || !QFileInfo::exists(options.outputPath))
+    if (!QFileInfo::exists(path))
         return true;
     if (!isatty(STDIN_FILENO))
         return false;
-    std::cerr << "Overwrite " << options.outputPath.toStdString() << "? [y/N] " << std::flush;
+    std::cerr << tr("Overwrite %1? [y/N] ").arg(path).toStdString() << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
 }
 
-bool writeOutput(StereoImageProcessor &proc, const ConvertOptions &options)
+// Separate output writes OUTPUT's name with "_L" and "_R" before its extension.
+QStringList outputPaths(const QString &output, const BatchSettings &settings)
 {
-    if (options.spatialOutput) {
-        const SpatialPhotoSettings stored = SpatialPhotoSettings::load(Preferences());
-        try {
-            return proc.saveAsSpatialPhoto(options.outputPath, options.disparityAdjustment.value_or(stored.adj),
-                                           options.fov.value_or(stored.fov), options.stereoBase.value_or(stored.stb));
-        } catch (const SpatialPhotoError &error) {
-            throw ConvertError{error.description()};
-        }
-    }
-    if (options.output == DisplayMode::imageBorder) {
-        // The border as the user last set it up in the window.
-        const Preferences preferences;
-        const std::optional<QImage> framed = composeBorderedPair(proc, ImageBorderSettings::load(preferences), false);
-        return framed && writeImage(*framed, options.outputPath);
-    }
-    const DisplayModeInfo &info = displayModeInfo(options.output);
-    if (info.anaglyphKind >= 0) {
-        const std::optional<QImage> anaglyph = proc.renderAnaglyph(info.anaglyphKind, false);
-        return anaglyph && writeImage(*anaglyph, options.outputPath);
-    }
-    proc.isHalf = options.output == DisplayMode::hsbs;
-    return proc.saveSideBySide(options.outputPath);
+    if (settings.outputFormat != BatchOutputFormat::separate)
+        return {output};
+    const QString suffix = QFileInfo(output).suffix();
+    const QString dotSuffix = suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix;
+    const QString stem = output.left(output.size() - dotSuffix.size());
+    return {stem + QStringLiteral("_L") + dotSuffix, stem + QStringLiteral("_R") + dotSuffix};
 }
 
 } // namespace
 
-void runConvert(const ConvertOptions &options)
+BatchJob convertJob(const PipelineOptions &options, const BatchSettings &settings)
 {
-    if (!mayOverwrite(options))
-        throw ConvertError{QStringLiteral("%1 exists; pass --yes to overwrite it").arg(options.outputPath)};
+    const QStringList &paths = options.positional;
+    const bool separateInput = settings.inputFormat == BatchInputFormat::separate && options.inputGiven;
+    if (paths.size() == 3 && options.inputGiven && !separateInput)
+        throw UsageError{tr("two inputs are a separate pair; --input must be separate or left out")};
+    if (separateInput && paths.size() != 3)
+        throw UsageError{tr("a separate pair needs LEFT RIGHT OUTPUT")};
+    if (paths.size() != 2 && paths.size() != 3)
+        throw UsageError{tr("expected INPUT [RIGHT] OUTPUT")};
+    return BatchJob{paths.mid(0, paths.size() - 1), outputPaths(paths.last(), settings), !options.inputGiven};
+}
 
-    StereoImageProcessor proc;
-    const StereoEntry entry{options.input, options.right};
-    if (options.inputKind == StereoFileKind::spatial) {
-        // Asked for explicitly, a spatial photo that is none is an error, not a side-by-side picture.
-        try {
-            const ImagePair pair = readSpatialPhoto(options.input);
-            proc.loadPair(pair.left, pair.right, true);
-        } catch (const SpatialPhotoError &error) {
-            throw ConvertError{error.description()};
+int runConvert(const QStringList &arguments)
+{
+    const PipelineOptions options = parsePipelineOptions(arguments, CliCommand::convert);
+    const Preferences preferences;
+    // Only the spatial parameters come from the preferences: the values last used.
+    const BatchSettings stored = BatchSettings::load(preferences);
+    BatchSettings base;
+    base.spatialFov = stored.spatialFov;
+    base.spatialAdj = stored.spatialAdj;
+    base.spatialStb = stored.spatialStb;
+    const BatchSettings settings = options.settings(base);
+    const BatchJob job = convertJob(options, settings);
+
+    for (const QString &output : job.outputs)
+        if (!options.overwrite && !mayOverwrite(output)) {
+            std::cerr << "vorel-cli: " << tr("%1 exists; pass --yes to overwrite it").arg(output).toStdString() << '\n';
+            return 1;
         }
-    } else if (!openEntry(proc, entry, options.inputKind)) {
-        const bool leftReadable = QFileInfo(options.input).isReadable();
-        const QString culprit = entry.isSeparatePair() && leftReadable ? options.right : options.input;
-        throw ConvertError{QStringLiteral("cannot read a stereo pair from %1").arg(culprit)};
-    }
+    const JobResult result = runJobPipeline(settings, job, ImageBorderSettings::load(preferences), {});
+    for (const QString &warning : result.warnings)
+        std::cerr << "vorel-cli: " << warning.toStdString() << '\n';
+    if (result.status == JobStatus::ok)
+        return 0;
+    std::cerr << "vorel-cli: " << job.inputs.join(QStringLiteral(" + ")).toStdString() << ": "
+              << result.error.toStdString() << '\n';
+    return 1;
+}
 
-    proc.isSwap = options.swap;
-    if (options.autoAlign) {
-        const std::optional<QImage> aligned = autoAlign(*proc.leftOriginal, *proc.rightOriginal);
-        if (!aligned)
-            throw ConvertError{QStringLiteral("automatic alignment found nothing to match in %1").arg(options.input)};
-        proc.loadSideBySide(*aligned, false);
-    }
-    if (options.colourReferenceRight)
-        matchColours(proc, *options.colourReferenceRight);
-    if (options.adjustment)
-        proc.adjustment = *options.adjustment;
-    if (options.crop && !proc.cropPair(*options.crop))
-        throw ConvertError{QStringLiteral("the crop rectangle lies outside the adjusted pair")};
-    if (options.resize && !proc.resizePair(options.resize->width, options.resize->height, options.resize->mode))
-        throw ConvertError{QStringLiteral("cannot resize the pair")};
-
-    if (!writeOutput(proc, options))
-        throw ConvertError{QStringLiteral("cannot write %1").arg(options.outputPath)};
+QString convertUsage()
+{
+    return tr("usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n") + optionsHelp(CliCommand::convert) +
+           tr("The extension of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n"
+              "Exit status: 0 written, 1 the work failed, 2 usage error.\n");
 }
 
 } // namespace Vorel

@@ -1,20 +1,24 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// `vorel-cli convert`: open a pair as the main window does, run the processing chain and
-// write what the window would save in the chosen display mode.
+// `vorel-cli convert`: one file or left/right pair through the job pipeline, a batch of one
+// job written to the path given.
 #pragma once
 
 #include <QString>
+#include <QStringList>
+
+#include "batch/batchjoblist.h"
 
 namespace Vorel {
 
-struct ConvertOptions;
+struct PipelineOptions;
 
-// Thrown when the work fails; the text names the file concerned.
-struct ConvertError {
-    QString message;
-};
+// The job for INPUT [RIGHT] OUTPUT; throws UsageError for a wrong count of paths.
+BatchJob convertJob(const PipelineOptions &options, const BatchSettings &settings);
 
-void runConvert(const ConvertOptions &options);
+// The exit status; throws UsageError.
+int runConvert(const QStringList &arguments);
+
+QString convertUsage();
 
 } // namespace Vorel

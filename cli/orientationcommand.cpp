@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "cli/convertoptions.h"
+#include "cli/pipelineoptions.h"
 #include "formats/orientationrewriterun.h"
 
 namespace Vorel {

@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/pipelineoptions.h"
+
+#include <QCoreApplication>
+
+#include "formats/spatialphotosettings.h"
+
+namespace Vorel {
+
+namespace {
+
+QString tr(const char *text) { return QCoreApplication::translate("vorel-cli", text); }
+
+constexpr std::array<BatchChoice<ResizeMode>, 3> resizeModes{{
+    {ResizeMode::stretch, "stretch", "Stretch"},
+    {ResizeMode::cropFit, "crop-fit", "Crop to fit"},
+    {ResizeMode::letterbox, "letterbox", "Letterbox"},
+}};
+
+template <typename Enum, size_t N> QString choiceList(const std::array<BatchChoice<Enum>, N> &choices)
+{
+    QStringList names;
+    for (const BatchChoice<Enum> &choice : choices)
+        names << QString::fromLatin1(choice.cliName.data(), qsizetype(choice.cliName.size()));
+    return names.join(QLatin1Char('|'));
+}
+
+template <typename Enum, size_t N>
+Enum namedChoice(const std::array<BatchChoice<Enum>, N> &choices, const QString &option, const QString &value)
+{
+    if (const std::optional<Enum> choice = batchChoiceNamed(choices, value))
+        return *choice;
+    throw UsageError{tr("%1 expects %2, not \"%3\"").arg(option, choiceList(choices), value)};
+}
+
+std::vector<double> numberList(const QString &option, const QString &value, qsizetype count)
+{
+    const QStringList parts = value.split(QLatin1Char(','));
+    if (parts.size() != count)
+        throw UsageError{tr("%1 expects %2 comma-separated numbers").arg(option).arg(count)};
+    std::vector<double> numbers;
+    for (const QString &part : parts) {
+        bool ok = false;
+        numbers.push_back(part.trimmed().toDouble(&ok));
+        if (!ok)
+            throw UsageError{tr("%1: \"%2\" is not a number").arg(option, part)};
+    }
+    return numbers;
+}
+
+template <typename T> T checked(const std::optional<T> &value, const char *expectation, const QString &text)
+{
+    if (!value)
+        throw UsageError{tr(expectation).arg(text)};
+    return *value;
+}
+
+Shard parseShard(const QString &text)
+{
+    const QStringList parts = text.split(QLatin1Char('/'));
+    bool indexOk = false, countOk = false;
+    const Shard shard{parts.value(0).toInt(&indexOk), parts.value(1).toInt(&countOk)};
+    if (parts.size() != 2 || !indexOk || !countOk || shard.count < 1 || shard.index < 0 || shard.index >= shard.count)
+        throw UsageError{tr("--shard expects I/N with 0 <= I < N, not \"%1\"").arg(text)};
+    return shard;
+}
+
+using Edit = std::function<void(BatchSettings &)>;
+
+struct OptionRule {
+    QString name;
+    QString valueName; // empty for a switch
+    bool batchOnly;
+    const char *help;
+    std::function<void(PipelineOptions &, const QString &)> apply;
+};
+
+// Options that change the settings record go through `settingEdits`, so that they override
+// whichever settings the command starts from.
+std::function<void(PipelineOptions &, const QString &)> editing(std::function<Edit(const QString &)> makeEdit)
+{
+    return [makeEdit](PipelineOptions &o, const QString &value) { o.settingEdits.push_back(makeEdit(value)); };
+}
+
+const std::vector<OptionRule> &optionRules()
+{
+    static const std::vector<OptionRule> rules{
+        {QStringLiteral("--input"), choiceList(batchInputFormats), false,
+         "how each input holds its pair (default: as the window opens the file;\n"
+         "convert: two inputs are a separate left/right pair)",
+         [](PipelineOptions &o, const QString &v) {
+             const BatchInputFormat format = namedChoice(batchInputFormats, QStringLiteral("--input"), v);
+             o.inputGiven = true;
+             o.settingEdits.push_back([format](BatchSettings &s) { s.inputFormat = format; });
+         }},
+        {QStringLiteral("--output"), choiceList(batchOutputFormats), false,
+         "what to write (default: sbs); border: framed as last set up in the\n"
+         "window; separate: NAME_L and NAME_R; spatial: a HEIC stereo pair",
+         editing([](const QString &v) -> Edit {
+             const BatchOutputFormat format = namedChoice(batchOutputFormats, QStringLiteral("--output"), v);
+             return [format](BatchSettings &s) { s.outputFormat = format; };
+         })},
+        {QStringLiteral("--format"), choiceList(batchFileFormats), true,
+         "file format of the outputs (default: jpg; spatial output is always heic)",
+         editing([](const QString &v) -> Edit {
+             const BatchFileFormat format = namedChoice(batchFileFormats, QStringLiteral("--format"), v);
+             return [format](BatchSettings &s) { s.fileFormat = format; };
+         })},
+        {QStringLiteral("--swap"), {}, false, "exchange left and right",
+         editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.swapLR = true; }; })},
+        {QStringLiteral("--auto-align"), {}, false,
+         "align the views automatically (a pair without matches is written unaligned)",
+         editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.autoAdj = true; }; })},
+        {QStringLiteral("--color-ref"), QStringLiteral("left|right"), false,
+         "match the colours of the other image to this one, which stays unchanged",
+         editing([](const QString &v) -> Edit {
+             if (v != QLatin1String("left") && v != QLatin1String("right"))
+                 throw UsageError{tr("--color-ref expects left or right, not \"%1\"").arg(v)};
+             // Set, the colour-matching flag leaves the view shown on the right unchanged,
+             // swapped or not (it corrects the left original unless it equals the swap flag).
+             const bool rightStays = v == QLatin1String("right");
+             return [rightStays](BatchSettings &s) {
+                 s.autoAdjCol = true;
+                 s.autoAdjColLeft = rightStays;
+             };
+         })},
+        {QStringLiteral("--adjust"), QStringLiteral("H,V,ROT,SCALE"), false,
+         "manual adjustment: offsets in percent of the width, degrees, percent",
+         editing([](const QString &v) -> Edit {
+             const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
+             return [n](BatchSettings &s) {
+                 s.manualAdj = true;
+                 s.manualH = n[0];
+                 s.manualV = n[1];
+                 s.manualRot = n[2];
+                 s.manualScale = n[3];
+             };
+         })},
+        {QStringLiteral("--crop"), QStringLiteral("X,Y,W,H"), false,
+         "cut this rectangle (pixels of the adjusted pair) from both views",
+         editing([](const QString &v) -> Edit {
+             const std::vector<double> n = numberList(QStringLiteral("--crop"), v, 4);
+             if (n[0] < 0 || n[1] < 0 || n[2] < 1 || n[3] < 1)
+                 throw UsageError{tr("--crop expects X,Y at least 0 and W,H at least 1")};
+             return [n](BatchSettings &s) {
+                 s.cropEnabled = true;
+                 s.cropX = int(n[0]);
+                 s.cropY = int(n[1]);
+                 s.cropW = int(n[2]);
+                 s.cropH = int(n[3]);
+             };
+         })},
+        {QStringLiteral("--resize"), QStringLiteral("W,H[,") + choiceList(resizeModes) + QLatin1Char(']'), false,
+         "bring both views to W x H (default: stretch)",
+         editing([](const QString &v) -> Edit {
+             QStringList parts = v.split(QLatin1Char(','));
+             const ResizeMode mode = parts.size() == 3
+                                         ? namedChoice(resizeModes, QStringLiteral("--resize"), parts.takeLast())
+                                         : ResizeMode::stretch;
+             const std::vector<double> n = numberList(QStringLiteral("--resize"), parts.join(QLatin1Char(',')), 2);
+             if (n[0] < 1 || n[1] < 1)
+                 throw UsageError{tr("--resize expects a width and height of at least 1")};
+             return [n, mode](BatchSettings &s) {
+                 s.resizeEnabled = true;
+                 s.resizeW = int(n[0]);
+                 s.resizeH = int(n[1]);
+                 s.resizeMode = mode;
+             };
+         })},
+        {QStringLiteral("--fov"), QStringLiteral("F"), false,
+         "spatial output: horizontal field of view in degrees (default: last used)",
+         editing([](const QString &v) -> Edit {
+             const double fov = checked(parseFieldOfView(v), "--fov expects degrees between 0 and 180, not \"%1\"", v);
+             return [fov](BatchSettings &s) { s.spatialFov = fov; };
+         })},
+        {QStringLiteral("--disparity-adj"), QStringLiteral("N"), false,
+         "spatial output: disparity adjustment (default: last used)",
+         editing([](const QString &v) -> Edit {
+             const int adj = checked(parseDisparityAdjustment(v), "--disparity-adj expects an integer, not \"%1\"", v);
+             return [adj](BatchSettings &s) { s.spatialAdj = adj; };
+         })},
+        {QStringLiteral("--stereo-base"), QStringLiteral("M"), false,
+         "spatial output: stereo base in metres (default: last used)",
+         editing([](const QString &v) -> Edit {
+             const double stb = checked(parseStereoBase(v), "--stereo-base expects metres above 0, not \"%1\"", v);
+             return [stb](BatchSettings &s) { s.spatialStb = stb; };
+         })},
+        {QStringLiteral("--yes"), {}, false, "overwrite existing outputs",
+         [](PipelineOptions &o, const QString &) { o.overwrite = true; }},
+        {QStringLiteral("--stored"), {}, true,
+         "start from the settings the batch window saved last (default: the\n"
+         "settings' defaults); the options given override them",
+         [](PipelineOptions &o, const QString &) { o.stored = true; }},
+        {QStringLiteral("--shard"), QStringLiteral("I/N"), true,
+         "process only the jobs whose position in the job list is I modulo N\n"
+         "(I from 0 to N-1): N shards together make one full run",
+         [](PipelineOptions &o, const QString &v) { o.shard = parseShard(v); }},
+        {QStringLiteral("--skip-existing"), {}, true,
+         "skip a job whose outputs all exist (resume an interrupted run)",
+         [](PipelineOptions &o, const QString &) { o.skipExisting = true; }},
+        {QStringLiteral("--log"), QStringLiteral("FILE"), true, "append one JSON line per finished job to FILE",
+         [](PipelineOptions &o, const QString &v) { o.logPath = v; }},
+        {QStringLiteral("--dry-run"), {}, true, "list the jobs and their outputs on stdout; write nothing",
+         [](PipelineOptions &o, const QString &) { o.dryRun = true; }},
+    };
+    return rules;
+}
+
+const OptionRule &ruleNamed(const QString &name, CliCommand command)
+{
+    for (const OptionRule &rule : optionRules())
+        if (rule.name == name) {
+            if (rule.batchOnly && command != CliCommand::batch)
+                throw UsageError{tr("%1 is an option of vorel-cli batch").arg(name)};
+            return rule;
+        }
+    throw UsageError{tr("unknown option %1").arg(name)};
+}
+
+} // namespace
+
+BatchSettings PipelineOptions::settings(BatchSettings base) const
+{
+    for (const std::function<void(BatchSettings &)> &edit : settingEdits)
+        edit(base);
+    return base;
+}
+
+PipelineOptions parsePipelineOptions(const QStringList &arguments, CliCommand command)
+{
+    PipelineOptions options;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString &argument = arguments[i];
+        if (!argument.startsWith(QLatin1String("--")) || argument == QLatin1String("--")) {
+            options.positional << argument;
+            continue;
+        }
+        const qsizetype eq = argument.indexOf(QLatin1Char('='));
+        const OptionRule &rule = ruleNamed(eq > 0 ? argument.left(eq) : argument, command);
+        QString value = eq > 0 ? argument.mid(eq + 1) : QString();
+        if (!rule.valueName.isEmpty() && value.isNull()) {
+            if (++i >= arguments.size())
+                throw UsageError{tr("%1 needs a value").arg(rule.name)};
+            value = arguments[i];
+        }
+        rule.apply(options, value);
+    }
+    return options;
+}
+
+QString optionsHelp(CliCommand command)
+{
+    constexpr qsizetype helpColumn = 37;
+    const QString indent(helpColumn, QLatin1Char(' '));
+    QString help;
+    for (const OptionRule &rule : optionRules()) {
+        if (rule.batchOnly && command != CliCommand::batch)
+            continue;
+        QString head = QStringLiteral("  ") + rule.name;
+        if (!rule.valueName.isEmpty())
+            head += QLatin1Char(' ') + rule.valueName;
+        head = head.size() < helpColumn ? head.leftJustified(helpColumn) : head + QLatin1Char('\n') + indent;
+        help += head + tr(rule.help).replace(QLatin1Char('\n'), QLatin1Char('\n') + indent) + QLatin1Char('\n');
+    }
+    return help;
+}
+
+} // namespace Vorel
