@@ -4,56 +4,62 @@
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include "cli/convertoptions.h"
-#include "core/stereoimageprocessor.h"
-#include "core/stereointake.h"
+#include "cli/convertcommand.h"
+#include "cli/pipelineoptions.h"
+#include "tests/cli/clirun.h"
 
 using namespace Vorel;
+using namespace Vorel::CliTest;
 
 namespace {
 
-const QString data = QStringLiteral(VOREL_TEST_DATA);
-
-// Each run gets an empty preferences store of its own, unless `configHome` names one.
 int runCli(const QStringList &arguments, QString *errorText = nullptr, const QString &configHome = {})
 {
-    QTemporaryDir emptyConfig;
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configHome.isEmpty() ? emptyConfig.path() : configHome);
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(VOREL_CLI), arguments);
-    process.waitForFinished(120000);
+    const CliRun run = CliTest::runCli(arguments, configHome);
     if (errorText)
-        *errorText = QString::fromLocal8Bit(process.readAllStandardError());
-    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        *errorText = run.err;
+    return run.exitCode;
 }
 
 TEST(ConvertOptions, ParsesAndRejects)
 {
-    const ConvertOptions o = parseConvertOptions(
+    const PipelineOptions o = parsePipelineOptions(
         {QStringLiteral("--output=anaglyph-dubois"), QStringLiteral("--adjust"), QStringLiteral("1,-2,3.5,4"),
-         QStringLiteral("--swap"), QStringLiteral("in.jpg"), QStringLiteral("out.png")});
-    EXPECT_EQ(o.output, DisplayMode::anaglyphd);
-    EXPECT_EQ(*o.adjustment, (StereoAdjustment{1, -2, 3.5, 4}));
-    EXPECT_TRUE(o.swap);
-    EXPECT_FALSE(o.separateInput);
-    EXPECT_EQ(o.outputPath, QStringLiteral("out.png"));
-    EXPECT_TRUE(parseConvertOptions({QStringLiteral("l.jpg"), QStringLiteral("r.jpg"), QStringLiteral("o.jpg")})
-                    .separateInput);
+         QStringLiteral("--swap"), QStringLiteral("--color-ref=left"), QStringLiteral("in.jpg"), QStringLiteral("out.png")},
+        CliCommand::convert);
+    BatchSettings expected;
+    expected.outputFormat = BatchOutputFormat::anaglyphDubois;
+    expected.manualAdj = expected.swapLR = expected.autoAdjCol = true;
+    expected.manualH = 1;
+    expected.manualV = -2;
+    expected.manualRot = 3.5;
+    expected.manualScale = 4;
+    EXPECT_EQ(o.settings({}), expected);
+    const BatchJob job = convertJob(o, o.settings({}));
+    EXPECT_EQ(job.inputs, QStringList{QStringLiteral("in.jpg")});
+    EXPECT_TRUE(job.openAsWindow);
+    const PipelineOptions pair = parsePipelineOptions(
+        {QStringLiteral("--output"), QStringLiteral("separate"), QStringLiteral("--input"), QStringLiteral("separate"),
+         QStringLiteral("l.jpg"), QStringLiteral("r.jpg"), QStringLiteral("d/o.x.png")},
+        CliCommand::convert);
+    const BatchJob pairJob = convertJob(pair, pair.settings({}));
+    EXPECT_EQ(pairJob.outputs, (QStringList{QStringLiteral("d/o.x_L.png"), QStringLiteral("d/o.x_R.png")}));
+    EXPECT_FALSE(pairJob.openAsWindow);
 
     const QStringList bad[] = {
         {QStringLiteral("--adjust"), QStringLiteral("1,2,3"), QStringLiteral("a"), QStringLiteral("b")},
         {QStringLiteral("--adjust"), QStringLiteral("1,x,3,4"), QStringLiteral("a"), QStringLiteral("b")},
         {QStringLiteral("--output"), QStringLiteral("cubes"), QStringLiteral("a"), QStringLiteral("b")},
         {QStringLiteral("--nope"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--format"), QStringLiteral("png"), QStringLiteral("a"), QStringLiteral("b")}, // batch only
+        {QStringLiteral("--shard"), QStringLiteral("0/2"), QStringLiteral("a"), QStringLiteral("b")},
         {QStringLiteral("a")},
         {QStringLiteral("--input"), QStringLiteral("separate"), QStringLiteral("a"), QStringLiteral("b")},
+        {QStringLiteral("--input"), QStringLiteral("mpo"), QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")},
         {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")},
         {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("--input")},
         {QStringLiteral("--fov"), QStringLiteral("180"), QStringLiteral("a"), QStringLiteral("b")},
@@ -64,7 +70,13 @@ TEST(ConvertOptions, ParsesAndRejects)
         {QStringLiteral("--stereo-base"), QStringLiteral("0"), QStringLiteral("a"), QStringLiteral("b")},
     };
     for (const QStringList &arguments : bad)
-        EXPECT_THROW(parseConvertOptions(arguments), UsageError) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_THROW(
+            {
+                const PipelineOptions parsed = parsePipelineOptions(arguments, CliCommand::convert);
+                convertJob(parsed, parsed.settings({}));
+            },
+            UsageError)
+            << arguments.join(QLatin1Char(' ')).toStdString();
 }
 
 struct CliCase {
@@ -203,11 +215,53 @@ TEST(ConvertProgram, AutoAlignAndColourMatching)
     grey.fill(qRgb(120, 120, 120));
     ASSERT_TRUE(grey.save(flat));
     const QString none = dir.filePath(QStringLiteral("none.png"));
-    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--auto-align"), flat, none}, &errors), 1);
-    EXPECT_TRUE(errors.contains(QStringLiteral("nothing to match"))) << errors.toStdString();
-    EXPECT_FALSE(QFile::exists(none));
+    // Nothing to match: the pair is written unaligned, as the batch writes it, with a warning.
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--auto-align"), flat, none}, &errors), 0);
+    EXPECT_TRUE(errors.contains(QStringLiteral("found nothing to match"))) << errors.toStdString();
+    EXPECT_EQ(QImageReader(none).size(), QSize(400, 200));
     EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--color-ref"), QStringLiteral("middle"), flat, none}),
               2);
+}
+
+// --color-ref names the view, as shown after any swap, that keeps its pixels; the other one changes.
+TEST(ConvertProgram, ColourReferenceStaysUnchanged)
+{
+    QTemporaryDir dir;
+    const QString left = data + QStringLiteral("/stereo/left01.jpg"), right = data + QStringLiteral("/stereo/right01.jpg");
+    for (const QString swap : {QString(), QStringLiteral("--swap")}) {
+        const QString plain = dir.filePath(QStringLiteral("plain%1.png").arg(swap));
+        ASSERT_EQ(runCli(QStringList{QStringLiteral("convert"), QStringLiteral("--output=separate"), left, right, plain} +
+                         (swap.isEmpty() ? QStringList() : QStringList{swap})),
+                  0);
+        for (const QString side : {QStringLiteral("left"), QStringLiteral("right")}) {
+            const QString matched = dir.filePath(side + swap + QStringLiteral(".png"));
+            ASSERT_EQ(runCli(QStringList{QStringLiteral("convert"), QStringLiteral("--output=separate"),
+                                         QStringLiteral("--color-ref"), side, left, right, matched} +
+                             (swap.isEmpty() ? QStringList() : QStringList{swap})),
+                      0);
+            const auto view = [](const QString &path, const char *suffix) {
+                return contents(QString(path).replace(QStringLiteral(".png"), QLatin1String(suffix)));
+            };
+            const bool leftKept = side == QLatin1String("left");
+            EXPECT_EQ(view(matched, "_L.png") == view(plain, "_L.png"), leftKept) << side.toStdString() << swap.toStdString();
+            EXPECT_EQ(view(matched, "_R.png") == view(plain, "_R.png"), !leftKept) << side.toStdString() << swap.toStdString();
+        }
+    }
+}
+
+// Asked for explicitly, an MPO that is none fails with the reader's text, as spatial input does.
+TEST(ConvertProgram, ExplicitMpoInputIsStrict)
+{
+    QTemporaryDir dir;
+    QString errors;
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--input"), QStringLiteral("mpo"),
+                      data + QStringLiteral("/stereo/left01.jpg"), dir.filePath(QStringLiteral("o.png"))},
+                     &errors),
+              1);
+    EXPECT_TRUE(errors.contains(QStringLiteral("Invalid MPO file"))) << errors.toStdString();
+    EXPECT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--input"), QStringLiteral("mpo"),
+                      data + QStringLiteral("/mpo/sugarshack.mpo"), dir.filePath(QStringLiteral("o.png"))}),
+              0);
 }
 
 } // namespace

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs the real vorel-cli for the tests, each run with an empty preferences store of its own.
+#pragma once
+
+#include <ostream>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <unistd.h>
+
+// Readable failure messages for texts and lists.
+inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QStringList &list, std::ostream *os) { *os << list.join(QStringLiteral(", ")).toStdString(); }
+
+namespace Vorel::CliTest {
+
+inline const QString data = QStringLiteral(VOREL_TEST_DATA);
+
+struct CliRun {
+    int exitCode = -1; // -1 when the program crashed or did not finish
+    QString out, err;
+};
+
+// Starts vorel-cli. As root, without the capabilities that let root ignore file modes, so
+// that unreadable files and read-only folders mean for the test what they mean for users.
+inline void startCli(QProcess &process, const QStringList &arguments, const QString &configHome)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configHome);
+    process.setProcessEnvironment(environment);
+    process.setReadChannel(QProcess::StandardError); // the progress lines
+    if (geteuid() == 0)
+        process.start(QStringLiteral("setpriv"), QStringList{QStringLiteral("--bounding-set=-dac_override,-dac_read_search"),
+                                                             QStringLiteral(VOREL_CLI)} + arguments);
+    else
+        process.start(QStringLiteral(VOREL_CLI), arguments);
+}
+
+inline CliRun runCli(const QStringList &arguments, const QString &configHome = {})
+{
+    QTemporaryDir emptyConfig;
+    QProcess process;
+    startCli(process, arguments, configHome.isEmpty() ? emptyConfig.path() : configHome);
+    process.waitForFinished(300000);
+    CliRun run{process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+               QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+    return run;
+}
+
+// Copies test data files into `folder` under new names: {data path, name}.
+inline bool copyData(const QString &folder, const std::vector<std::pair<QString, QString>> &files)
+{
+    QDir().mkpath(folder);
+    for (const auto &[source, name] : files)
+        if (!QFile::copy(data + QLatin1Char('/') + source, folder + QLatin1Char('/') + name))
+            return false;
+    return true;
+}
+
+inline QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace Vorel::CliTest
