@@ -90,7 +90,8 @@ int runConvert(const QStringList &arguments)
 QString convertUsage()
 {
     return tr("usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n") + optionsHelp(CliCommand::convert) +
-           tr("The extension of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n"
+           tr("The spatial parameters default to the values last used in the window. The extension\n"
+              "of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n"
               "Exit status: 0 written, 1 the work failed, 2 usage error.\n");
 }
 

@@ -87,22 +87,23 @@ const std::vector<OptionRule> &optionRules()
 {
     static const std::vector<OptionRule> rules{
         {QStringLiteral("--input"), choiceList(batchInputFormats), false,
-         "how each input holds its pair (default: as the window opens the file;\n"
-         "convert: two inputs are a separate left/right pair)",
+         "how each input holds its pair (batch default: sbs; convert\n"
+         "default: as the window opens the file, two inputs a pair)",
          [](PipelineOptions &o, const QString &v) {
              const BatchInputFormat format = namedChoice(batchInputFormats, QStringLiteral("--input"), v);
              o.inputGiven = true;
              o.settingEdits.push_back([format](BatchSettings &s) { s.inputFormat = format; });
          }},
         {QStringLiteral("--output"), choiceList(batchOutputFormats), false,
-         "what to write (default: sbs); border: framed as last set up in the\n"
-         "window; separate: NAME_L and NAME_R; spatial: a HEIC stereo pair",
+         "what to write (default: sbs); border: framed as last set\n"
+         "up in the window; separate: NAME_L and NAME_R files",
          editing([](const QString &v) -> Edit {
              const BatchOutputFormat format = namedChoice(batchOutputFormats, QStringLiteral("--output"), v);
              return [format](BatchSettings &s) { s.outputFormat = format; };
          })},
         {QStringLiteral("--format"), choiceList(batchFileFormats), true,
-         "file format of the outputs (default: jpg; spatial output is always heic)",
+         "file format of the outputs (default: jpg; spatial\n"
+         "output is always heic)",
          editing([](const QString &v) -> Edit {
              const BatchFileFormat format = namedChoice(batchFileFormats, QStringLiteral("--format"), v);
              return [format](BatchSettings &s) { s.fileFormat = format; };
@@ -110,10 +111,12 @@ const std::vector<OptionRule> &optionRules()
         {QStringLiteral("--swap"), {}, false, "exchange left and right",
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.swapLR = true; }; })},
         {QStringLiteral("--auto-align"), {}, false,
-         "align the views automatically (a pair without matches is written unaligned)",
+         "align the views automatically (a pair without matches\n"
+         "is written unaligned, with a warning)",
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.autoAdj = true; }; })},
         {QStringLiteral("--color-ref"), QStringLiteral("left|right"), false,
-         "match the colours of the other image to this one, which stays unchanged",
+         "match the colours of the other view to this one, which\n"
+         "stays unchanged (left and right as shown, after --swap)",
          editing([](const QString &v) -> Edit {
              if (v != QLatin1String("left") && v != QLatin1String("right"))
                  throw UsageError{tr("--color-ref expects left or right, not \"%1\"").arg(v)};
@@ -126,7 +129,8 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--adjust"), QStringLiteral("H,V,ROT,SCALE"), false,
-         "manual adjustment: offsets in percent of the width, degrees, percent",
+         "manual adjustment: offsets in percent of the width,\n"
+         "rotation in degrees, scale in percent",
          editing([](const QString &v) -> Edit {
              const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
              return [n](BatchSettings &s) {
@@ -138,7 +142,8 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--crop"), QStringLiteral("X,Y,W,H"), false,
-         "cut this rectangle (pixels of the adjusted pair) from both views",
+         "cut this rectangle (pixels of the adjusted pair) from\n"
+         "both views",
          editing([](const QString &v) -> Edit {
              const std::vector<double> n = numberList(QStringLiteral("--crop"), v, 4);
              if (n[0] < 0 || n[1] < 0 || n[2] < 1 || n[3] < 1)
@@ -169,19 +174,19 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--fov"), QStringLiteral("F"), false,
-         "spatial output: horizontal field of view in degrees (default: last used)",
+         "spatial output: horizontal field of view in degrees",
          editing([](const QString &v) -> Edit {
              const double fov = checked(parseFieldOfView(v), "--fov expects degrees between 0 and 180, not \"%1\"", v);
              return [fov](BatchSettings &s) { s.spatialFov = fov; };
          })},
         {QStringLiteral("--disparity-adj"), QStringLiteral("N"), false,
-         "spatial output: disparity adjustment (default: last used)",
+         "spatial output: disparity adjustment",
          editing([](const QString &v) -> Edit {
              const int adj = checked(parseDisparityAdjustment(v), "--disparity-adj expects an integer, not \"%1\"", v);
              return [adj](BatchSettings &s) { s.spatialAdj = adj; };
          })},
         {QStringLiteral("--stereo-base"), QStringLiteral("M"), false,
-         "spatial output: stereo base in metres (default: last used)",
+         "spatial output: stereo base in metres",
          editing([](const QString &v) -> Edit {
              const double stb = checked(parseStereoBase(v), "--stereo-base expects metres above 0, not \"%1\"", v);
              return [stb](BatchSettings &s) { s.spatialStb = stb; };
@@ -189,19 +194,19 @@ const std::vector<OptionRule> &optionRules()
         {QStringLiteral("--yes"), {}, false, "overwrite existing outputs",
          [](PipelineOptions &o, const QString &) { o.overwrite = true; }},
         {QStringLiteral("--stored"), {}, true,
-         "start from the settings the batch window saved last (default: the\n"
-         "settings' defaults); the options given override them",
+         "start from the settings the batch window saved last\n"
+         "(else from the defaults); the options given override them",
          [](PipelineOptions &o, const QString &) { o.stored = true; }},
         {QStringLiteral("--shard"), QStringLiteral("I/N"), true,
-         "process only the jobs whose position in the job list is I modulo N\n"
-         "(I from 0 to N-1): N shards together make one full run",
+         "process only the jobs whose position in the job list is\n"
+         "I modulo N (I from 0 to N-1): N shards make one full run",
          [](PipelineOptions &o, const QString &v) { o.shard = parseShard(v); }},
         {QStringLiteral("--skip-existing"), {}, true,
-         "skip a job whose outputs all exist (resume an interrupted run)",
+         "skip a job whose outputs all exist (resume a run)",
          [](PipelineOptions &o, const QString &) { o.skipExisting = true; }},
         {QStringLiteral("--log"), QStringLiteral("FILE"), true, "append one JSON line per finished job to FILE",
          [](PipelineOptions &o, const QString &v) { o.logPath = v; }},
-        {QStringLiteral("--dry-run"), {}, true, "list the jobs and their outputs on stdout; write nothing",
+        {QStringLiteral("--dry-run"), {}, true, "list the jobs and their outputs on stdout, write nothing",
          [](PipelineOptions &o, const QString &) { o.dryRun = true; }},
     };
     return rules;

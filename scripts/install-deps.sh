@@ -11,6 +11,7 @@ packages=(
   libturbojpeg0-dev libheif-dev libexiv2-dev libopenblas-dev
   libgtest-dev libgmock-dev libbenchmark-dev libimage-exiftool-perl
   xvfb xauth x11-apps
+  parallel
 )
 
 missing=()

@@ -74,6 +74,20 @@ TEST(BatchProgram, DryRunListsThePairedJobs)
         EXPECT_EQ(lines(run.out), c.expected) << c.name << "\n" << run.out.toStdString();
         EXPECT_EQ(QDir(dir.filePath(QStringLiteral("out"))).entryList(QDir::Files), c.existingOutputs) << c.name;
     }
+
+    // --stored starts from what the window saved (separate PNG output), the options override it.
+    QTemporaryDir config;
+    touch(config.filePath(QStringLiteral("Vorel")), {QStringLiteral("Vorel.ini")},
+          "[General]\nbatch.outputFormat=6\nbatch.fileFormat=1\n");
+    touch(config.filePath(QStringLiteral("in")), {QStringLiteral("x.jpg")});
+    const QStringList folders{config.filePath(QStringLiteral("in")), config.filePath(QStringLiteral("out"))};
+    EXPECT_EQ(runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--dry-run")} + folders, config.path()).out,
+              QStringLiteral("x.jpg -> x.jpg\n"));
+    EXPECT_EQ(runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--dry-run"), QStringLiteral("--stored"),
+                                 QStringLiteral("--format=tiff")} + folders,
+                     config.path())
+                  .out,
+              QStringLiteral("x.jpg -> x_L.tiff, x_R.tiff\n"));
 }
 
 TEST(BatchProgram, ListsExistingOutputsAndWritesNothingWithoutYes)
