@@ -44,7 +44,7 @@ ControlPanelWidget::ControlPanelWidget(QWidget *parent) : QTabWidget(parent)
 {
     QWidget *file =
         makeButtonPage({tr("Open image files..."), tr("Save Display Image..."), tr("Save as Spatial Photo..."),
-                        tr("Orientation Tag Edit...")});
+                        tr("Batch operation..."), tr("Orientation Tag Edit...")});
     auto *navigation = new QHBoxLayout;
     for (const QString &text : {tr("Prev."), tr("Next")}) {
         auto *b = new QPushButton(text);

@@ -11,6 +11,7 @@
 
 #include "app/filehistory.h"
 #include "app/foldernavigator.h"
+#include "batch/batchsettings.h"
 #include "border/imagebordersettings.h"
 #include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
@@ -19,6 +20,7 @@ class QPushButton;
 
 namespace Vorel {
 
+class BatchSettingsViewController;
 class BorderComposer;
 class ControlPanelWidget;
 class PairView;
@@ -64,6 +66,9 @@ public:
     void resizePair(int width, int height, ResizeMode mode);
     // Reopens entry `index` of the recent files, as the open command would.
     void openRecent(int index);
+    // Opens the batch dialog on the stored settings and this session's last crop and resize;
+    // confirming it starts the run.
+    void cpBatch();
     const FileHistory &recentFiles() const { return *fileHistory; }
     // Aligns on a worker thread behind a window-modal busy dialog; the result is applied here.
     void cpAutoadj();
@@ -118,6 +123,10 @@ private:
     ImageBorderSettings ibSettings;
     BorderComposer *borderComposer = nullptr;
     QPointer<SpatialPhotoSavePanel> spatialSavePanel; // one at a time
+    QPointer<BatchSettingsViewController> batchDialog; // one at a time
+    // This session's last interactive crop (the pixels stored for batches) and resize.
+    std::optional<BatchCropSettings> lastCropSettings;
+    std::optional<BatchResizeSettings> lastResizeSettings;
     std::unique_ptr<FileHistory> fileHistory;
     bool isCropMode = false;
     QPushButton *cropButton = nullptr; // its title follows crop mode

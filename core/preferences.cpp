@@ -33,5 +33,6 @@ void Preferences::setText(const QString &key, const QString &value) { settings->
 void Preferences::setData(const QString &key, const QByteArray &value) { settings->setValue(key, value); }
 void Preferences::remove(const QString &key) { settings->remove(key); }
 void Preferences::sync() { settings->sync(); }
+QString Preferences::fileName() const { return settings->fileName(); }
 
 } // namespace Vorel

@@ -38,6 +38,10 @@ public:
     void remove(const QString &key);
     void sync();
 
+    // The INI file behind the store. Another Preferences on it (for instance on a worker
+    // thread, where this object must not be used) sees this one's changes at once.
+    QString fileName() const;
+
 private:
     std::unique_ptr<QSettings> settings;
 };

@@ -57,7 +57,10 @@ private slots:
         for (QAction *action : fileItems)
             if (action->text() == QStringLiteral("Orientation Tag Edit..."))
                 menuItem = action;
-        QVERIFY(menuItem && fileItems.at(fileItems.indexOf(menuItem) - 1)->isSeparator());
+        // After the separator and "Batch operation...".
+        const qsizetype position = fileItems.indexOf(menuItem);
+        QVERIFY(menuItem && position >= 2 && fileItems.at(position - 2)->isSeparator());
+        QCOMPARE(fileItems.at(position - 1)->text(), QStringLiteral("Batch operation..."));
         const auto openChooser = [&](const std::function<void()> &trigger) {
             trigger();
             auto *chooser = window.findChild<QFileDialog *>();

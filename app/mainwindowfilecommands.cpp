@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's file commands: opening files, stepping through the folder, recent files,
+// saving the display image or a spatial photo, dropped files and the batch operation.
+#include "app/mainwindow.h"
+
+#include <cstdio>
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QUrl>
+
+#include "app/controlpanelwidget.h"
+#include "app/pairview.h"
+#include "app/spatialphotosavepanel.h"
+#include "batch/batchrunwindow.h"
+#include "batch/batchsettingsviewcontroller.h"
+#include "formats/imagewriter.h"
+#include "formats/spatialphotoerror.h"
+
+namespace Vorel {
+
+namespace {
+
+const char *const openFilter = "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.bmp "
+                               "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.BMP)";
+
+} // namespace
+
+bool MainWindow::openPaths(QStringList paths)
+{
+    if (paths.isEmpty() || paths.size() > 2)
+        return false;
+    sortNaturally(paths);
+    const bool pair = paths.size() == 2;
+    const StereoEntry entry{paths[0], pair ? paths[1] : QString()};
+    if (!openEntryAndShow(entry))
+        return false;
+    folder.rebuild(paths[0], pair ? FolderNavigator::filePair : FolderNavigator::singleFile);
+    fileHistory->add(FileHistory::forFiles(paths));
+    updateControls();
+    return true;
+}
+
+void MainWindow::openRecent(int index)
+{
+    if (index < 0 || index >= int(fileHistory->entries().size()))
+        return;
+    const HistoryEntry entry = fileHistory->entries()[size_t(index)];
+    if (entry.urls.isEmpty()) {
+        alert(tr("Photo library items cannot be opened here."));
+        return;
+    }
+    QStringList paths;
+    for (const QString &url : entry.urls)
+        paths << QUrl(url).toLocalFile();
+    if (!openPaths(paths))
+        alert(tr("Cannot open %1").arg(FileHistory::title(entry)));
+}
+
+bool MainWindow::openEntryAndShow(const StereoEntry &entry)
+{
+    if (!openEntry(proc, entry)) {
+        statusBar()->showMessage(tr("Cannot open %1").arg(QFileInfo(entry.left).fileName()), 8000);
+        return false;
+    }
+    lastOpenedURL = entry.left;
+    openedDescription = entry.isSeparatePair() && entry.right != entry.left
+                            ? QFileInfo(entry.left).fileName() + QStringLiteral(" + ") + QFileInfo(entry.right).fileName()
+                            : QFileInfo(entry.left).fileName();
+    setWindowTitle(openedDescription + QStringLiteral(" — Vorel"));
+    statusBar()->clearMessage();
+    panel->showAdjustment(proc.adjustment);
+    redisplayNewPair();
+    view->fitToView();
+    return true;
+}
+
+void MainWindow::stepEntry(int direction)
+{
+    if (const std::optional<StereoEntry> entry = folder.step(direction))
+        openEntryAndShow(*entry);
+    updateControls();
+}
+
+void MainWindow::chooseFilesToOpen()
+{
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(this, tr("Open image files..."), QFileInfo(lastOpenedURL).path(), tr(openFilter));
+    if (paths.size() > 2)
+        alert(tr("Choose one side-by-side file, or two files (left and right)."));
+    else if (!paths.isEmpty())
+        openPaths(paths);
+}
+
+void MainWindow::chooseFileToSave()
+{
+    if (!requirePair())
+        return;
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Display Image..."), QFileInfo(lastOpenedURL).path(),
+                                                      tr("Images (*.jpg *.png *.tif *.heic *.bmp)"));
+    if (!path.isEmpty() && !saveDisplayImage(path))
+        alert(tr("Could not save %1").arg(QFileInfo(path).fileName()));
+}
+
+bool MainWindow::saveDisplayImage(const QString &path)
+{
+    const std::optional<QImage> picture = displayImage();
+    return picture && writeImage(*picture, path);
+}
+
+void MainWindow::cpSaveSpatialPhoto()
+{
+    if (!requirePair())
+        return;
+    delete spatialSavePanel;
+    spatialSavePanel = new SpatialPhotoSavePanel(*prefs, this);
+    spatialSavePanel->setAttribute(Qt::WA_DeleteOnClose);
+    spatialSavePanel->completion = [this](const QString &path, double fov, int adj, double stb) {
+        QApplication::setOverrideCursor(Qt::WaitCursor); // encoding takes seconds for large pictures
+        std::optional<QString> failure;
+        try {
+            proc.saveAsSpatialPhoto(path, adj, fov, stb);
+        } catch (const SpatialPhotoError &error) {
+            failure = error.description();
+        }
+        QApplication::restoreOverrideCursor();
+        if (failure) {
+            std::fprintf(stderr, "save erroe\n");
+            alert(*failure);
+        }
+    };
+    spatialSavePanel->show();
+}
+
+void MainWindow::cpBatch()
+{
+    if (batchDialog) {
+        batchDialog->raise();
+        batchDialog->activateWindow();
+        return;
+    }
+    batchDialog = new BatchSettingsViewController(*prefs, lastCropSettings, lastResizeSettings, this);
+    batchDialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(batchDialog, &BatchSettingsViewController::settingsConfirmed, this, [this](const BatchSettings &settings) {
+        runBatch(settings, *prefs, BatchRunPrompts{[this](const QString &text) { alert(text); }, {}}, this);
+    });
+    batchDialog->open();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!urls.isEmpty() && urls.size() <= 2)
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    for (const QUrl &url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    openPaths(paths);
+}
+
+} // namespace Vorel

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's menus, control-panel buttons and keys: the tables that turn what the user
+// presses into commands.
+#include "app/mainwindow.h"
+
+#include <cstdio>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QPushButton>
+
+#include "app/controlpanelwidget.h"
+#include "formats/exiforientationpanel.h"
+#include "projector/projectorlink.h"
+
+namespace Vorel {
+
+namespace {
+
+constexpr double arrowStep = 0.5;
+
+// A menu item (a null title is a separator). Keys that work alone (no modifier) are handled by the window's key handling,
+// so that they also reach it from the picture; the menu only shows them.
+struct MenuItem {
+    const char *title;
+    QKeySequence key;
+    bool bareKey;
+    std::function<void(MainWindow &)> run;
+};
+
+} // namespace
+
+void MainWindow::buildMenus()
+{
+    const auto modeItem = [](const char *title, DisplayMode m, QKeySequence key) {
+        return MenuItem{title, key, false, [m](MainWindow &w) { w.setDisplayMode(m); }};
+    };
+    const MenuItem separator{nullptr, QKeySequence(), false, {}};
+    const std::pair<const char *, std::vector<MenuItem>> menus[] = {
+        {"File",
+         {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
+          {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
+          {"Save as Spatial Photo...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), false,
+           &MainWindow::cpSaveSpatialPhoto},
+          {"Next image files", QKeySequence(Qt::Key_Space), true, &MainWindow::cpNext},
+          {"Prev. image files", QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev},
+          separator,
+          {"Batch operation...", QKeySequence(), false, &MainWindow::cpBatch},
+          {"Orientation Tag Edit...", QKeySequence(), false, [](MainWindow &w) { ExifOrientationPanel::show(&w); }}}},
+        {"Edit",
+         {{"Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), false, &MainWindow::cpUndo},
+          {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo},
+          {"Auto align", QKeySequence(Qt::CTRL | Qt::Key_A), false, &MainWindow::cpAutoadj},
+          {"Auto Color Matching(Left ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
+          {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
+          {"Crop", QKeySequence(), false, &MainWindow::cpCrop},
+          {"Resize", QKeySequence(), false, &MainWindow::cpResize}}},
+        {"View",
+         {{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap},
+          modeItem("Side by Side", DisplayMode::sbs, QKeySequence(Qt::CTRL | Qt::Key_1)),
+          modeItem("Gray Anaglyph", DisplayMode::anaglyph, QKeySequence(Qt::CTRL | Qt::Key_2)),
+          modeItem("Color Anaglyph", DisplayMode::anaglyphc, QKeySequence(Qt::CTRL | Qt::Key_3)),
+          modeItem("Dubois Anaglyph", DisplayMode::anaglyphd, QKeySequence(Qt::CTRL | Qt::Key_4)),
+          modeItem("Half SBS", DisplayMode::hsbs, QKeySequence(Qt::CTRL | Qt::Key_5)),
+          modeItem("Image with Border", DisplayMode::imageBorder, QKeySequence(Qt::CTRL | Qt::Key_6)),
+          {"Image with border settings", QKeySequence(), false, &MainWindow::cpBorderSettings},
+          {"Fit to screen", QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
+          {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
+          {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
+           [](MainWindow &w) { w.panel->setVisible(!w.panel->isVisible()); }},
+          {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen},
+          {"External monitor", QKeySequence(), false, &MainWindow::cpExternalMonitor}}},
+    };
+    for (const auto &[title, items] : menus) {
+        QMenu *menu = menuBar()->addMenu(tr(title));
+        for (const MenuItem &item : items) {
+            if (!item.title) {
+                menu->addSeparator();
+                continue;
+            }
+            QString text = tr(item.title);
+            if (item.bareKey)
+                text += QLatin1Char('\t') + item.key.toString(QKeySequence::NativeText);
+            QAction *action = menu->addAction(text);
+            if (!item.bareKey)
+                action->setShortcut(item.key);
+            connect(action, &QAction::triggered, this, [this, run = item.run] { run(*this); });
+        }
+    }
+}
+
+void MainWindow::connectPanel()
+{
+    const std::pair<QString, std::function<void()>> buttons[] = {
+        {tr("Open image files..."), [this] { chooseFilesToOpen(); }},
+        {tr("Save Display Image..."), [this] { chooseFileToSave(); }},
+        {tr("Save as Spatial Photo..."), [this] { cpSaveSpatialPhoto(); }},
+        {tr("Batch operation..."), [this] { cpBatch(); }},
+        {tr("Orientation Tag Edit..."), [this] { ExifOrientationPanel::show(this); }},
+        {tr("Prev."), [this] { cpPrev(); }},
+        {tr("Next"), [this] { cpNext(); }},
+        {tr("Undo"), [this] { cpUndo(); }},
+        {tr("Redo"), [this] { cpRedo(); }},
+        {tr("Left ref"), [this] { cpColorMatch(false); }},
+        {tr("Right ref"), [this] { cpColorMatch(true); }},
+        {tr("Auto align"), [this] { cpAutoadj(); }},
+        {tr("Crop"), [this] { cpCrop(); }},
+        {tr("Resize"), [this] { cpResize(); }},
+        {tr("Image with border settings"), [this] { cpBorderSettings(); }},
+        {tr("Full screen"), [this] { cpToggleFullScreen(); }},
+        {tr("External monitor"), [this] { cpExternalMonitor(); }},
+        {tr("Fit to screen"), [this] { cpFit(); }},
+        {tr("Actual image size"), [this] { cpActualSize(); }},
+    };
+    for (const auto &[text, run] : buttons)
+        connect(panel->button(text), &QPushButton::clicked, this, run);
+    cropButton = panel->button(tr("Crop"));
+    connect(panel, &ControlPanelWidget::swapClicked, this, &MainWindow::cpSwap);
+    connect(panel, &ControlPanelWidget::recentChosen, this, &MainWindow::openRecent);
+    connect(panel, &ControlPanelWidget::modeChosen, this, &MainWindow::setDisplayMode);
+    connect(panel, &ControlPanelWidget::adjustmentChanged, this, [this](const StereoAdjustment &adjustment) {
+        proc.adjustment = adjustment;
+        redisplay();
+    });
+    connect(panel, &QTabWidget::currentChanged, this, &MainWindow::onPanelPageChanged);
+}
+
+// Keys pressed anywhere in this window (not in its dialogs) are the window's commands, so
+// a focused slider or button cannot swallow Space or the arrows. Dispatch is by Qt key.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    auto *widget = qobject_cast<QWidget *>(watched);
+    if (!widget || widget->window() != this)
+        return false;
+    auto *key = static_cast<QKeyEvent *>(event);
+    std::fprintf(stderr, "keycode=%u\n", key->nativeScanCode());
+    if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    return handleKey(key->key());
+}
+
+bool MainWindow::handleKey(int key)
+{
+    switch (key) {
+    case Qt::Key_F:
+        if (proc.hasPair())
+            cpFit();
+        return true;
+    case Qt::Key_X:
+        if (proc.hasPair())
+            cpSwap();
+        return true;
+    case Qt::Key_J:
+        if (proc.hasPair())
+            cpActualSize();
+        return true;
+    case Qt::Key_B:
+        proc.rememberAdjustment(*prefs);
+        cpBatch();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        cpToggleFullScreen();
+        return true;
+    case Qt::Key_Escape:
+        projection->stop();
+        return true;
+    case Qt::Key_Space:
+        cpNext();
+        return true;
+    case Qt::Key_Backspace:
+        cpPrev();
+        return true;
+    case Qt::Key_Left:
+        nudgeAdjustment(-arrowStep, 0);
+        return true;
+    case Qt::Key_Right:
+        nudgeAdjustment(arrowStep, 0);
+        return true;
+    case Qt::Key_Down:
+        nudgeAdjustment(0, -arrowStep);
+        return true;
+    case Qt::Key_Up:
+        nudgeAdjustment(0, arrowStep);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace Vorel
