@@ -10,7 +10,6 @@
 #include <QStringList>
 
 #include "batch/batchsettings.h"
-#include "core/stereofilelist.h"
 
 namespace Vorel {
 
@@ -26,9 +25,6 @@ struct BatchJob {
     // The name shown for the job: the input file names, joined by " + " for a pair.
     QString displayName() const;
 };
-
-// The batch takes a folder's files exactly as folder stepping in the window lists them.
-inline QStringList listBatchInputFiles(const QString &folder) { return listStereoFiles(folder); }
 
 // Consecutive files pair up for `separate` input (an odd last file is a job of its own, which
 // fails when run); every other input format makes one job per file.

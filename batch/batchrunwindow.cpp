@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "batch/batchjoblist.h"
+#include "core/stereofilelist.h"
 #include "batch/batchprocessor.h"
 #include "batch/batchprogressviewcontroller.h"
 #include "batch/batchsettings.h"
@@ -38,7 +39,7 @@ bool askOverwrite(QWidget *parent, const QStringList &existingNames)
 BatchProgressViewController *runBatch(const BatchSettings &settings, const Preferences &preferences,
                                       const BatchRunPrompts &prompts, QWidget *parent)
 {
-    const QStringList files = listBatchInputFiles(settings.inputFolder);
+    const QStringList files = listStereoFiles(settings.inputFolder);
     if (files.isEmpty()) {
         const QString message = tr("No target image files found in the input folder.");
         prompts.alert ? prompts.alert(message) : void(QMessageBox::warning(parent, tr("Batch Processing"), message));

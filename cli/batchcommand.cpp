@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "batch/batchprocessor.h"
+#include "core/stereofilelist.h"
 #include "cli/batchprogress.h"
 #include "cli/joblog.h"
 #include "cli/pipelineoptions.h"
@@ -108,7 +109,7 @@ int runBatch(const QStringList &arguments)
 {
     const PipelineOptions options = parsePipelineOptions(arguments, CliCommand::batch);
     const BatchSettings settings = batchSettings(options);
-    const QStringList files = listBatchInputFiles(settings.inputFolder);
+    const QStringList files = listStereoFiles(settings.inputFolder);
     if (files.isEmpty()) {
         printError(tr("No target image files found in the input folder."));
         return exitFailure;

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <array>
-#include <string_view>
 
 #include <QImage>
 
@@ -33,18 +32,17 @@ enum class DisplayMode { sbs, anaglyph, anaglyphc, anaglyphd, hsbs, imageBorder 
 
 struct DisplayModeInfo {
     DisplayMode mode;
-    std::string_view cliName; // as `vorel-cli --output` names it
-    const char *uiText;       // menu and panel text
-    int anaglyphKind;         // kind for renderAnaglyph, -1 when not an anaglyph
+    const char *uiText; // menu and panel text
+    int anaglyphKind;   // kind for renderAnaglyph, -1 when not an anaglyph
 };
 
 inline constexpr std::array<DisplayModeInfo, 6> displayModes{{
-    {DisplayMode::sbs, "sbs", "Side by Side", -1},
-    {DisplayMode::anaglyph, "anaglyph-gray", "Gray Anaglyph", 0},
-    {DisplayMode::anaglyphc, "anaglyph-color", "Color Anaglyph", 1},
-    {DisplayMode::anaglyphd, "anaglyph-dubois", "Dubois Anaglyph", 2},
-    {DisplayMode::hsbs, "half-sbs", "Half SBS", -1},
-    {DisplayMode::imageBorder, "border", "Image with Border", -1},
+    {DisplayMode::sbs, "Side by Side", -1},
+    {DisplayMode::anaglyph, "Gray Anaglyph", 0},
+    {DisplayMode::anaglyphc, "Color Anaglyph", 1},
+    {DisplayMode::anaglyphd, "Dubois Anaglyph", 2},
+    {DisplayMode::hsbs, "Half SBS", -1},
+    {DisplayMode::imageBorder, "Image with Border", -1},
 }};
 
 inline constexpr const DisplayModeInfo &displayModeInfo(DisplayMode mode)
