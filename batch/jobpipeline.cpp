@@ -105,6 +105,7 @@ void runStages(const BatchSettings &settings, const BatchJob &job, const ImageBo
             throw Cancelled{};
     };
     StereoImageProcessor proc;
+    proc.keepsHistory = false;
     checkpoint();
     load(proc, settings, job);
     checkpoint();

@@ -66,6 +66,8 @@ void StereoImageProcessor::resetAfterLoad(bool resetHistory)
     if (!resetHistory)
         return;
     history.clear();
+    if (!keepsHistory)
+        return;
     if (std::optional<ImagePair> pair = render(false))
         history.push(pair->left, pair->right);
 }

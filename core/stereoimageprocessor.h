@@ -26,6 +26,9 @@ public:
     static constexpr int previewTab = 3;
 
     ImageHistory history;
+    // Headless runs (the batch, vorel-cli) never undo: without a history, loading a pair renders
+    // nothing that no output needs.
+    bool keepsHistory = true;
     std::optional<QImage> leftOriginal;
     std::optional<QImage> rightOriginal;
     std::optional<QImage> cachedLeft;
