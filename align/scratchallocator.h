@@ -29,7 +29,7 @@ template <typename T> struct ScratchAllocator {
         return static_cast<T *>(p);
     }
 
-    void deallocate(T *p, size_t) noexcept { std::free(p); }
+    void deallocate(T *p, size_t) noexcept { releaseLargeBuffer(p); }
 
     // Default-initialisation leaves arithmetic types uninitialised.
     template <typename U> void construct(U *p) noexcept { ::new (static_cast<void *>(p)) U; }

@@ -6,15 +6,12 @@
 #include <cstdint>
 #include <limits>
 
-#include <cstdlib>
-
-#include <sys/mman.h>
-
 #include <QPainter>
 #include <QPainterPath>
 #include <QtGlobal>
 
 #include "border/borderlayout.h"
+#include "core/largebuffer.h"
 #include "core/parallelrows.h"
 
 namespace Vorel {
@@ -97,21 +94,6 @@ void paintRows(uchar *canvasBits, const QImage &canvas, int begin, int end, cons
     }
 }
 
-// A canvas of hundreds of megabytes costs more in page faults than in drawing; asking for
-// huge pages cuts the faults 512-fold where the kernel grants them.
-QImage hugeCanvas(int width, int height)
-{
-    constexpr size_t hugePage = size_t(2) << 20;
-    const qsizetype bytesPerLine = qsizetype(width) * 4;
-    const size_t bytes = (size_t(bytesPerLine) * size_t(height) + hugePage - 1) / hugePage * hugePage;
-    void *memory = std::aligned_alloc(hugePage, bytes);
-    if (!memory)
-        return {};
-    madvise(memory, bytes, MADV_HUGEPAGE);
-    return QImage(static_cast<uchar *>(memory), width, height, bytesPerLine, QImage::Format_ARGB32_Premultiplied,
-                  std::free, memory);
-}
-
 } // namespace
 
 std::optional<QImage> ImageBorderProcessor::compose(const QImage &left, const QImage &right,
@@ -128,7 +110,7 @@ std::optional<QImage> ImageBorderProcessor::compose(const QImage &left, const QI
     constexpr int64_t maxSide = std::numeric_limits<int>::max();
     if (canvasWidth <= 0 || canvasHeight <= 0 || canvasWidth > maxSide || canvasHeight > maxSide)
         return std::nullopt;
-    QImage canvas = hugeCanvas(static_cast<int>(canvasWidth), static_cast<int>(canvasHeight));
+    QImage canvas = newLargeImage(static_cast<int>(canvasWidth), static_cast<int>(canvasHeight), QImage::Format_ARGB32_Premultiplied);
     if (canvas.isNull())
         return std::nullopt;
 

@@ -2,27 +2,123 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/largebuffer.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
 
 #include <sys/mman.h>
 
 namespace Vorel {
 
 namespace {
+
 constexpr std::size_t hugePage = std::size_t{2} << 20;
+// Idle blocks kept for reuse, at most this much; a block serves requests down to 3/4 of its size.
+constexpr std::size_t idleLimit = std::size_t{768} << 20;
+
+struct Block {
+    void *start;
+    std::size_t bytes;
+};
+
+// Large blocks in use (by start) and released ones waiting to be reused, newest last.
+struct BlockPool {
+    std::mutex lock;
+    std::unordered_map<void *, std::size_t> inUse;
+    std::vector<Block> idle;
+    std::size_t idleBytes = 0;
+};
+
+BlockPool &pool()
+{
+    static BlockPool *blocks = new BlockPool; // never destroyed: pictures may outlive static teardown
+    return *blocks;
 }
+
+void *mapAligned(std::size_t bytes)
+{
+    // Map one huge page more than needed and cut the ends off, so the block starts on a boundary.
+    const std::size_t span = bytes + hugePage;
+    void *mapped = mmap(nullptr, span, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED)
+        return nullptr;
+    const auto address = reinterpret_cast<std::uintptr_t>(mapped);
+    const std::uintptr_t start = (address + hugePage - 1) / hugePage * hugePage;
+    if (const std::size_t head = start - address)
+        munmap(mapped, head);
+    if (const std::size_t tail = span - (start - address) - bytes)
+        munmap(reinterpret_cast<void *>(start + bytes), tail);
+    madvise(reinterpret_cast<void *>(start), bytes, MADV_HUGEPAGE); // a hint: without huge pages it still works
+    return reinterpret_cast<void *>(start);
+}
+
+} // namespace
 
 void *allocateLargeBuffer(std::size_t bytes)
 {
     if (bytes < hugePage)
         return std::malloc(bytes);
+    if (bytes > std::numeric_limits<std::size_t>::max() - 2 * hugePage)
+        return nullptr;
     const std::size_t rounded = (bytes + hugePage - 1) / hugePage * hugePage;
-    void *p = std::aligned_alloc(hugePage, rounded);
-    if (p)
-        madvise(p, rounded, MADV_HUGEPAGE); // a hint: without huge pages it still works
-    return p;
+    BlockPool &blocks = pool();
+    std::vector<Block> dropped;
+    {
+        const std::lock_guard guard(blocks.lock);
+        // The smallest idle block that fits and is not much larger than asked for.
+        auto best = blocks.idle.end();
+        for (auto it = blocks.idle.begin(); it != blocks.idle.end(); ++it)
+            if (it->bytes >= rounded && it->bytes / 4 * 3 <= rounded && (best == blocks.idle.end() || it->bytes < best->bytes))
+                best = it;
+        if (best != blocks.idle.end()) {
+            const Block block = *best;
+            blocks.idle.erase(best);
+            blocks.idleBytes -= block.bytes;
+            blocks.inUse.emplace(block.start, block.bytes);
+            return block.start;
+        }
+        // Nothing fits: the work has changed size, so the idle blocks go before a new one comes.
+        dropped.swap(blocks.idle);
+        blocks.idleBytes = 0;
+    }
+    for (const Block &block : dropped)
+        munmap(block.start, block.bytes);
+    void *start = mapAligned(rounded);
+    if (!start)
+        return nullptr;
+    const std::lock_guard guard(pool().lock);
+    blocks.inUse.emplace(start, rounded);
+    return start;
+}
+
+void releaseLargeBuffer(void *buffer)
+{
+    if (!buffer)
+        return;
+    BlockPool &blocks = pool();
+    std::vector<Block> dropped;
+    {
+        const std::lock_guard guard(blocks.lock);
+        const auto found = blocks.inUse.find(buffer);
+        if (found == blocks.inUse.end()) {
+            std::free(buffer); // a small block from malloc
+            return;
+        }
+        blocks.idle.push_back({buffer, found->second});
+        blocks.idleBytes += found->second;
+        blocks.inUse.erase(found);
+        while (blocks.idleBytes > idleLimit) { // the oldest go first
+            dropped.push_back(blocks.idle.front());
+            blocks.idleBytes -= blocks.idle.front().bytes;
+            blocks.idle.erase(blocks.idle.begin());
+        }
+    }
+    for (const Block &block : dropped)
+        munmap(block.start, block.bytes);
 }
 
 QImage newLargeImage(int width, int height, QImage::Format format)
@@ -36,8 +132,8 @@ QImage newLargeImage(int width, int height, QImage::Format format)
     void *pixels = allocateLargeBuffer(static_cast<std::size_t>(bytesPerLine * height));
     if (!pixels)
         return QImage();
-    return QImage(static_cast<uchar *>(pixels), width, height, static_cast<qsizetype>(bytesPerLine), format, std::free,
-                  pixels);
+    return QImage(static_cast<uchar *>(pixels), width, height, static_cast<qsizetype>(bytesPerLine), format,
+                  releaseLargeBuffer, pixels);
 }
 
 } // namespace Vorel

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures in huge-page memory behave like QImage's own: row layout, limits, sharing.
+// Pictures in huge-page memory behave like QImage's own (row layout, limits, sharing), and
+// released blocks are reused.
+#include <cstdint>
+
 #include <gtest/gtest.h>
 
 #include "core/largebuffer.h"
@@ -42,4 +45,20 @@ TEST(NewLargeImage, CopiesDetachAndOutliveTheOriginal)
     }
     EXPECT_EQ(copy.pixel(0, 0), 0xff112233u);
     EXPECT_EQ(copy.pixel(1023, 1023), 0xff112233u);
+}
+
+TEST(LargeBuffer, ReleasedBlocksServeRequestsOfAboutTheirSize)
+{
+    constexpr size_t megabyte = size_t(1) << 20;
+    void *first = allocateLargeBuffer(40 * megabyte);
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(first) % (2 * megabyte), 0u); // huge-page aligned
+    releaseLargeBuffer(first);
+    void *again = allocateLargeBuffer(39 * megabyte);
+    EXPECT_EQ(again, first);
+    releaseLargeBuffer(again);
+    void *small = allocateLargeBuffer(12 * megabyte); // far smaller: a block of its own
+    EXPECT_NE(small, first);
+    releaseLargeBuffer(small);
+    releaseLargeBuffer(allocateLargeBuffer(100)); // below the threshold: malloc's
 }
