@@ -35,7 +35,9 @@ std::vector<MatchPair> matchKeypoints(const std::vector<SiftKeypoint> &left, con
     const int64_t rows = static_cast<int64_t>(left.size()), columns = static_cast<int64_t>(right.size());
     const std::vector<float> a = descriptorMatrix(left);
     const std::vector<float> b = descriptorMatrix(right);
-    // dot[i * columns + j] = left i . right j, row-major: left times right transposed.
+    // dot[i * columns + j] = left i . right j, row-major: left times right transposed. One call on
+    // one thread: the sums' rounding depends on how the product is split, so splitting it over
+    // the cores would make the matches depend on the machine.
     std::vector<float> dot(static_cast<size_t>(rows * columns));
     cblas_sgemm(CblasRowMajor, CblasNoTrans, CblasTrans, static_cast<int>(rows), static_cast<int>(columns),
                 siftDescriptorLength, 1.0f, a.data(), siftDescriptorLength, b.data(), siftDescriptorLength, 0.0f,
