@@ -3,6 +3,7 @@
 // Rendering speed of the stereo pair core: full-size adjusted render and Dubois anaglyph of
 // a 24-megapixel pair, slider re-render from the preview cache, and open-render-save of a
 // large side-by-side JPEG. Run pinned to one core (`taskset -c 0`) for single-core figures.
+#include <cstring>
 #include <random>
 
 #include <QDir>
@@ -18,6 +19,7 @@
 #include "core/stereoimageprocessor.h"
 #include "core/stereointake.h"
 #include "formats/imagewriter.h"
+#include "plainloops.h"
 
 using namespace Vorel;
 
@@ -121,6 +123,63 @@ void BM_OpenSideBySideSaveDuboisJpeg(benchmark::State &state)
     }
 }
 BENCHMARK(BM_OpenSideBySideSaveDuboisJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The compose steps alone on the 24-megapixel views, each beside its yardstick: the same
+// anaglyph formula as a plain loop compiled with -O3 -march=native, and memcpy of the bytes the
+// squeeze and the side-by-side composition move. Argument: anaglyph kind.
+void BM_ComposeAnaglyph24MP(benchmark::State &state)
+{
+    const StereoImageProcessor &proc = pair24();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(composeAnaglyph(*proc.leftOriginal, *proc.rightOriginal, int(state.range(0))));
+}
+BENCHMARK(BM_ComposeAnaglyph24MP)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_PlainAnaglyphLoop24MP(benchmark::State &state)
+{
+    const StereoImageProcessor &proc = pair24();
+    const QImage &a = *proc.leftOriginal, &b = *proc.rightOriginal;
+    QImage out(a.size(), QImage::Format_RGB32);
+    for (auto _ : state) {
+        Bench::plainAnaglyphLoop(reinterpret_cast<const uint32_t *>(a.constBits()),
+                                 reinterpret_cast<const uint32_t *>(b.constBits()),
+                                 reinterpret_cast<uint32_t *>(out.bits()), int64_t(a.width()) * a.height(),
+                                 int(state.range(0)));
+        benchmark::DoNotOptimize(out.constBits());
+    }
+}
+BENCHMARK(BM_PlainAnaglyphLoop24MP)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_HalfWidth24MP(benchmark::State &state)
+{
+    const StereoImageProcessor &proc = pair24();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(halfWidth(*proc.leftOriginal));
+}
+BENCHMARK(BM_HalfWidth24MP)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_SideBySide24MP(benchmark::State &state)
+{
+    const StereoImageProcessor &proc = pair24();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(composeSideBySide(*proc.leftOriginal, *proc.rightOriginal));
+}
+BENCHMARK(BM_SideBySide24MP)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// memcpy of one view (argument 1) or of both (argument 2) into a buffer made beforehand.
+void BM_MemcpyViews24MP(benchmark::State &state)
+{
+    const StereoImageProcessor &proc = pair24();
+    const QImage *views[2] = {&*proc.leftOriginal, &*proc.rightOriginal};
+    const size_t bytes = size_t(views[0]->sizeInBytes());
+    std::vector<uint8_t> out(bytes * 2);
+    for (auto _ : state) {
+        for (int i = 0; i < state.range(0); ++i)
+            std::memcpy(out.data() + bytes * i, views[i]->constBits(), bytes);
+        benchmark::DoNotOptimize(out.data());
+    }
+}
+BENCHMARK(BM_MemcpyViews24MP)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The squeeze against the painter's own scaled drawing, and the side-by-side canvas against
+// pixel-by-pixel placement, bit for bit.
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+
+#include "core/displaycomposition.h"
+
+using namespace Vorel;
+
+namespace {
+
+QImage noise(int w, int h, QImage::Format format, unsigned seed)
+{
+    QImage image(w, h, format);
+    std::mt19937 rng(seed);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            reinterpret_cast<uint32_t *>(image.scanLine(y))[x] =
+                format == QImage::Format_ARGB32_Premultiplied ? qPremultiply(rng()) : rng();
+    return image;
+}
+
+// The first differing pixel, or none.
+std::optional<QPoint> firstDifference(const QImage &a, const QImage &b)
+{
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (reinterpret_cast<const uint32_t *>(a.constScanLine(y))[x] !=
+                reinterpret_cast<const uint32_t *>(b.constScanLine(y))[x])
+                return QPoint(x, y);
+    return std::nullopt;
+}
+
+struct Squeeze {
+    int w, h;
+    QImage::Format format;
+};
+
+class HalfWidth : public testing::TestWithParam<Squeeze> {};
+
+TEST_P(HalfWidth, MatchesThePaintersScaledDrawing)
+{
+    const Squeeze c = GetParam();
+    const QImage image = noise(c.w, c.h, c.format, unsigned(c.w));
+    QImage painted(int(c.w * 0.5), c.h, QImage::Format_ARGB32_Premultiplied);
+    if (!painted.isNull()) {
+        painted.fill(Qt::transparent);
+        QPainter(&painted).drawImage(QRect(0, 0, painted.width(), c.h), image);
+    }
+    const QImage half = halfWidth(image);
+    ASSERT_EQ(half.size(), painted.size()) << c.w << "x" << c.h;
+    ASSERT_EQ(half.format(), painted.format());
+    const std::optional<QPoint> at = firstDifference(half, painted);
+    EXPECT_FALSE(at) << c.w << "x" << c.h << " format " << c.format << " first difference at (" << at->x() << ","
+                     << at->y() << ")";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sizes, HalfWidth,
+    testing::Values(Squeeze{1, 1, QImage::Format_RGB32}, Squeeze{2, 1, QImage::Format_RGB32},
+                    Squeeze{4, 3, QImage::Format_RGB32}, Squeeze{7, 5, QImage::Format_ARGB32_Premultiplied},
+                    Squeeze{1001, 4, QImage::Format_RGB32}, Squeeze{1001, 3, QImage::Format_ARGB32},
+                    Squeeze{6000, 5, QImage::Format_ARGB32_Premultiplied},
+                    // Where the painter's column steps wrap, and just below.
+                    Squeeze{65537, 1, QImage::Format_RGB32}, Squeeze{65539, 1, QImage::Format_RGB32}));
+
+struct Pair {
+    QSize first, second;
+};
+
+class SideBySide : public testing::TestWithParam<Pair> {};
+
+TEST_P(SideBySide, BottomAlignedCopiesOnTransparent)
+{
+    const Pair c = GetParam();
+    const QImage first = noise(c.first.width(), c.first.height(), QImage::Format_RGB32, 1);
+    const QImage second = noise(c.second.width(), c.second.height(), QImage::Format_ARGB32, 2);
+    const QImage canvas = composeSideBySide(first, second);
+    const int height = std::max(first.height(), second.height());
+    QImage expected(first.width() + second.width(), height, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(0);
+    const QImage premultipliedSecond = second.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < expected.width(); ++x) {
+            const bool left = x < first.width();
+            const QImage &image = left ? first : premultipliedSecond;
+            const int sy = y - (height - image.height()), sx = left ? x : x - first.width();
+            if (sy >= 0)
+                reinterpret_cast<uint32_t *>(expected.scanLine(y))[x] =
+                    reinterpret_cast<const uint32_t *>(image.constScanLine(sy))[sx];
+        }
+    ASSERT_EQ(canvas.size(), expected.size());
+    const std::optional<QPoint> at = firstDifference(canvas, expected);
+    EXPECT_FALSE(at) << "first difference at (" << at->x() << "," << at->y() << ")";
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, SideBySide,
+                         testing::Values(Pair{{1, 1}, {1, 1}}, Pair{{4, 3}, {4, 3}}, Pair{{3, 2}, {4, 5}},
+                                         Pair{{7, 9}, {5, 2}}, Pair{{640, 480}, {640, 480}}));
+
+} // namespace
