@@ -1,8 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of the bordered picture: a 24-megapixel pair composed in each layout (the LR/RL grid
-// is a canvas of about 100 megapixels), with the default settings and with rounded corners.
+// is a canvas of about 100 megapixels), with the default settings and with rounded corners,
+// beside the yardstick: memcpy of the views the canvas shows into a buffer made beforehand.
 // Run pinned to one core (`taskset -c 0`) for single-core figures.
+#include <cstring>
+#include <vector>
+
 #include <QImage>
 
 #include <benchmark/benchmark.h>
@@ -48,6 +52,20 @@ BENCHMARK(BM_Compose24MP)
     ->Args({2, 3})
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+
+// Argument: number of views on the canvas (2 sbs, 3 lrl, 4 lrrl).
+void BM_MemcpyViews24MP(benchmark::State &state)
+{
+    const QImage *views[2] = {&left24(), &right24()};
+    const size_t bytes = size_t(left24().sizeInBytes());
+    std::vector<uint8_t> canvas(bytes * size_t(state.range(0)));
+    for (auto _ : state) {
+        for (int i = 0; i < state.range(0); ++i)
+            std::memcpy(canvas.data() + bytes * size_t(i), views[i % 2]->constBits(), bytes);
+        benchmark::DoNotOptimize(canvas.data());
+    }
+}
+BENCHMARK(BM_MemcpyViews24MP)->Arg(2)->Arg(3)->Arg(4)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

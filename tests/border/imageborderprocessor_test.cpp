@@ -190,12 +190,12 @@ TEST(ImageBorderProcessor, NoImageWithoutLeftOrWithoutCanvas)
     EXPECT_FALSE(ImageBorderProcessor().compose(some, some, s));
 }
 
-// Everything drawn by one painter over the whole canvas, as the unbanded reference.
+// Everything drawn by one painter over the whole canvas, as the reference.
 QImage onePainterReference(const QImage &left, const QImage &right, const ImageBorderSettings &s)
 {
     const BorderLayout layout = borderLayout(left.width(), left.height(), s);
     QImage canvas(int(layout.width), int(layout.height), QImage::Format_ARGB32_Premultiplied);
-    canvas.fill(s.borderColor.toQColor());
+    canvas.fill(s.useBorder ? s.borderColor.toQColor() : QColor(Qt::black));
     QPainter p(&canvas);
     p.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     p.translate(0, canvas.height() - layout.height);
@@ -206,9 +206,12 @@ QImage onePainterReference(const QImage &left, const QImage &right, const ImageB
         QPainterPath clip;
         clip.addRoundedRect(rect, r, r);
         p.setClipPath(clip);
+        p.setClipping(r > 0);
         p.drawImage(rect, slot.isRight ? right : left);
     }
     p.setClipping(false);
+    if (!s.useBorder || !s.useFusionDots)
+        return canvas;
     p.setCompositionMode(QPainter::CompositionMode_SourceOver);
     p.setPen(Qt::NoPen);
     p.setBrush(s.fusionDotColor.toQColor());
@@ -218,26 +221,58 @@ QImage onePainterReference(const QImage &left, const QImage &right, const ImageB
     return canvas;
 }
 
-TEST(ImageBorderProcessor, RowBandsMatchOnePainter)
+struct SceneCase {
+    const char *name;
+    QSize size;
+    BorderLayoutKind kind;
+    double border, corner, dot; // percent
+    bool useBorder, useDots;
+    QSize rightSize; // empty: the left image's size
+};
+
+class OnePainter : public testing::TestWithParam<SceneCase> {};
+
+// A gradient so that fractional sampling shows; fractional borders, corners and dots across
+// every kind of edge, half-pixel positions included.
+TEST_P(OnePainter, ComposeMatchesOnePainter)
 {
-    // A gradient so that the fractional sampling shows; sizes put round corners and dots
-    // across the seam between the bands.
-    QImage left(301, 97, QImage::Format_ARGB32_Premultiplied);
+    const SceneCase &c = GetParam();
+    QImage left(c.size, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < left.height(); ++y)
         for (int x = 0; x < left.width(); ++x)
             left.setPixel(x, y, qRgb(x % 256, (y * 3) % 256, (x + y) % 256));
-    const QImage right = left.mirrored(true, false);
-    ImageBorderSettings s = example(BorderLayoutKind::lrrl);
-    s.borderWidthPercent = 4.37;
-    s.cornerRadiusPercent = 7.3;
-    s.fusionDotSizePercent = 6.1;
+    const QImage mirrored = left.mirrored(true, false);
+    const QImage right = c.rightSize.isEmpty() ? mirrored : mirrored.scaled(c.rightSize);
+    ImageBorderSettings s = example(c.kind);
+    s.borderWidthPercent = c.border;
+    s.cornerRadiusPercent = c.corner;
+    s.fusionDotSizePercent = c.dot;
+    s.useBorder = c.useBorder;
+    s.useFusionDots = c.useDots;
     s.borderColor = {0.2, 0.4, 0.6, 0.8};
     const QImage image = composed(left, right, s);
     const QImage reference = onePainterReference(left, right, s);
     ASSERT_EQ(image.size(), reference.size());
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            ASSERT_EQ(image.pixel(x, y), reference.pixel(x, y)) << "first difference at " << x << "," << y;
+            ASSERT_EQ(image.pixel(x, y), reference.pixel(x, y))
+                << "first difference at " << x << "," << y << ": " << std::hex << image.pixel(x, y) << " against "
+                << reference.pixel(x, y);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Scenes, OnePainter,
+    testing::Values(SceneCase{"lrrl_round", {301, 97}, BorderLayoutKind::lrrl, 4.37, 7.3, 6.1, true, true, {}},
+                    SceneCase{"sbs_square", {301, 97}, BorderLayoutKind::sbs, 4.37, 0, 6.1, true, true, {}},
+                    SceneCase{"lrl_half_pixels", {100, 61}, BorderLayoutKind::lrl, 2.5, 3.5, 5, true, true, {}},
+                    SceneCase{"sbs_half_pixels_square", {100, 61}, BorderLayoutKind::sbs, 2.5, 0, 5, true, true, {}},
+                    SceneCase{"lrl_whole_columns_round", {200, 97}, BorderLayoutKind::lrl, 3, 5, 4, true, true, {}},
+                    SceneCase{"sbs_no_dots", {257, 130}, BorderLayoutKind::sbs, 3.07, 4, 3, true, false, {}},
+                    SceneCase{"lrrl_no_border", {120, 80}, BorderLayoutKind::lrrl, 3, 10, 3, false, true, {}},
+                    SceneCase{"sbs_tiny_border", {64, 48}, BorderLayoutKind::sbs, 0.3, 0.5, 20, true, true, {}},
+                    SceneCase{"sbs_huge_corner", {90, 60}, BorderLayoutKind::sbs, 3, 40, 3, true, true, {}},
+                    SceneCase{"sbs_scaled_right", {150, 100}, BorderLayoutKind::sbs, 3, 5, 3, true, true, {70, 40}},
+                    SceneCase{"one_pixel", {1, 1}, BorderLayoutKind::lrrl, 50, 10, 30, true, true, {}}),
+    [](const testing::TestParamInfo<SceneCase> &info) { return std::string(info.param.name); });
 
 } // namespace
