@@ -11,14 +11,23 @@
 //  2. Histogram specification per channel with raw counts: walking reference levels j with
 //     running total cr, target levels s are mapped to j while the target running total
 //     ct < cr. Levels never reached map to 0.
+//
+// Both stages are tables of bytes, so the target is read twice and written once: one pass
+// counts both views (integer histograms per block of pixels on every core, merged as exact
+// sums; each view's luminance summed in pixel order by one core), and the histogram of the
+// gamma-corrected target is the target's histogram moved through the gamma table. The output
+// pass maps every byte through the gamma table and then its channel's table, composed.
 #include "align/colormatching.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <mutex>
 
+#include "align/luminancesum.h"
 #include "core/displaycomposition.h"
+#include "core/largebuffer.h"
 #include "core/parallelrows.h"
 #include "core/stereoimageprocessor.h"
 
@@ -28,16 +37,68 @@ namespace {
 
 constexpr double lowestMeanLuminance = 0.01;  // darker means carry no usable gamma
 constexpr double highestMeanLuminance = 0.99; // brighter targets carry no usable gamma (target only)
+constexpr int64_t countBlockPixels = 1 << 14; // unit of the counting pass's split over the cores
 
 using LevelTable = std::array<uint8_t, 256>;
 using Histogram = std::array<int64_t, 256>;
+using ChannelHistograms = std::array<Histogram, 3>; // R, G, B
+using ChannelTables = std::array<LevelTable, 3>;
 
-double meanLuminance(const uint8_t *pixels, int64_t n)
+struct ViewCounts {
+    double luminanceSum = 0;
+    ChannelHistograms levels{};
+};
+
+constexpr LevelTable identityTable()
 {
-    double sum = 0;
-    for (int64_t i = 0; i < n; ++i, pixels += 3)
-        sum += 0.299 * pixels[0] + 0.587 * pixels[1] + 0.114 * pixels[2];
-    return sum / static_cast<double>(n);
+    LevelTable table{};
+    for (int i = 0; i < 256; ++i)
+        table[i] = static_cast<uint8_t>(i);
+    return table;
+}
+
+void countLevels(ChannelHistograms &counts, const uint8_t *pixels, int64_t n, ChannelLayout layout)
+{
+    for (int64_t i = 0; i < n; ++i, pixels += layout.pixelStride) {
+        ++counts[0][pixels[layout.red]];
+        ++counts[1][pixels[layout.green]];
+        ++counts[2][pixels[layout.blue]];
+    }
+}
+
+// Luminance sums and histograms of the first n pixels of the reference (views[0]) and the
+// target (views[1]). The blocks of both views form one range split over the cores; the core
+// holding a view's first block also sums that view's luminance over all its blocks, in order.
+std::array<ViewCounts, 2> countViews(const std::array<const uint8_t *, 2> &views, int64_t n, ChannelLayout layout)
+{
+    const int64_t blocks = (n + countBlockPixels - 1) / countBlockPixels;
+    std::array<ViewCounts, 2> totals;
+    std::mutex merging;
+    parallelRows(2 * blocks, [&](int64_t first, int64_t end) {
+        std::array<ViewCounts, 2> part;
+        for (int v = 0; v < 2; ++v) {
+            const int64_t begin = std::max(first - v * blocks, int64_t{0});
+            const int64_t stop = std::min(end - v * blocks, blocks);
+            const bool sumsLuminance = begin == 0 && stop > 0;
+            for (int64_t b = begin; b < (sumsLuminance ? blocks : stop); ++b) {
+                const int64_t pixel = b * countBlockPixels;
+                const int64_t count = std::min(countBlockPixels, n - pixel);
+                const uint8_t *pixels = views[v] + pixel * layout.pixelStride;
+                if (sumsLuminance)
+                    part[v].luminanceSum = addLuminance(part[v].luminanceSum, pixels, count, layout);
+                if (b < stop)
+                    countLevels(part[v].levels, pixels, count, layout);
+            }
+        }
+        const std::lock_guard lock(merging);
+        for (int v = 0; v < 2; ++v) {
+            totals[v].luminanceSum += part[v].luminanceSum; // one part sums a view, the others add 0
+            for (int c = 0; c < 3; ++c)
+                for (int i = 0; i < 256; ++i)
+                    totals[v].levels[c][i] += part[v].levels[c][i];
+        }
+    });
+    return totals;
 }
 
 // Exponent g maps the target's mean level onto the reference's.
@@ -54,32 +115,6 @@ std::optional<LevelTable> gammaTable(double referenceMean, double targetMean)
         table[i] = v >= 255 ? 255 : v <= 0 ? 0 : static_cast<uint8_t>(v);
     }
     return table;
-}
-
-// table[c] is applied to channel c (a gray table passes the same one three times).
-void applyTables(uint8_t *pixels, int64_t n, const std::array<const LevelTable *, 3> &tables)
-{
-    constexpr int64_t chunk = 1 << 16;
-    parallelRows((n + chunk - 1) / chunk, [&](int64_t first, int64_t end) {
-        const int64_t stop = std::min(n, end * chunk);
-        for (int64_t i = first * chunk; i < stop; ++i) {
-            uint8_t *p = pixels + 3 * i;
-            p[0] = (*tables[0])[p[0]];
-            p[1] = (*tables[1])[p[1]];
-            p[2] = (*tables[2])[p[2]];
-        }
-    });
-}
-
-std::array<Histogram, 3> histograms(const uint8_t *pixels, int64_t n)
-{
-    std::array<Histogram, 3> counts{};
-    for (int64_t i = 0; i < n; ++i, pixels += 3) {
-        ++counts[0][pixels[0]];
-        ++counts[1][pixels[1]];
-        ++counts[2][pixels[2]];
-    }
-    return counts;
 }
 
 // Target level s goes to the first reference level j whose cumulative count exceeds the
@@ -100,6 +135,37 @@ LevelTable specificationTable(const Histogram &target, const Histogram &referenc
     return table;
 }
 
+// Both stages as one table per channel: target byte -> gamma -> specification.
+ChannelTables matchingTables(const uint8_t *reference, const uint8_t *target, int64_t n, ChannelLayout layout)
+{
+    const std::array<ViewCounts, 2> counts = countViews({reference, target}, n, layout);
+    const double count = static_cast<double>(n);
+    const LevelTable gamma =
+        gammaTable(counts[0].luminanceSum / count, counts[1].luminanceSum / count).value_or(identityTable());
+    ChannelTables tables;
+    for (int c = 0; c < 3; ++c) {
+        Histogram corrected{};
+        for (int i = 0; i < 256; ++i)
+            corrected[gamma[i]] += counts[1].levels[c][i];
+        const LevelTable specification = specificationTable(corrected, counts[0].levels[c]);
+        for (int i = 0; i < 256; ++i)
+            tables[c][i] = specification[gamma[i]];
+    }
+    return tables;
+}
+
+// 32-bit pixels hold the bytes an RGB buffer would (drawn over black); the passes read them as
+// one run of pixels, so rows must follow each other without padding.
+QImage unpadded32(const QImage &image)
+{
+    const QImage pixels = premultiplied32(image);
+    if (pixels.bytesPerLine() == 4 * static_cast<qsizetype>(pixels.width()))
+        return pixels;
+    return pixels.copy();
+}
+
+constexpr ChannelTables identityTables() { return {identityTable(), identityTable(), identityTable()}; }
+
 } // namespace
 
 RgbBuffer matchColors(const RgbBuffer &reference, const RgbBuffer &target)
@@ -108,28 +174,47 @@ RgbBuffer matchColors(const RgbBuffer &reference, const RgbBuffer &target)
     const int64_t n = target.w * target.h;
     if (n <= 0 || reference.data.size() < static_cast<size_t>(3 * n) || target.data.size() < static_cast<size_t>(3 * n))
         return result;
-
-    uint8_t *pixels = result.data.data();
-    if (const std::optional<LevelTable> gamma =
-            gammaTable(meanLuminance(reference.data.data(), n), meanLuminance(pixels, n)))
-        applyTables(pixels, n, {&*gamma, &*gamma, &*gamma});
-
-    const std::array<Histogram, 3> referenceCounts = histograms(reference.data.data(), n);
-    const std::array<Histogram, 3> targetCounts = histograms(pixels, n);
-    std::array<LevelTable, 3> tables;
-    for (int c = 0; c < 3; ++c)
-        tables[c] = specificationTable(targetCounts[c], referenceCounts[c]);
-    applyTables(pixels, n, {&tables[0], &tables[1], &tables[2]});
+    const ChannelTables tables = matchingTables(reference.data.data(), target.data.data(), n, rgbBytes);
+    parallelRows(target.h, [&](int64_t first, int64_t end) {
+        for (uint8_t *p = result.row(first), *stop = result.row(end); p < stop; p += 3) {
+            p[0] = tables[0][p[0]];
+            p[1] = tables[1][p[1]];
+            p[2] = tables[2][p[2]];
+        }
+    });
     return result;
 }
 
 std::optional<QImage> matchColors(const QImage &reference, const QImage &target)
 {
-    const std::optional<RgbBuffer> referenceBuffer = imageToRGB(reference);
-    const std::optional<RgbBuffer> targetBuffer = imageToRGB(target);
-    if (!referenceBuffer || !targetBuffer)
+    if (reference.isNull() || target.isNull())
         return std::nullopt;
-    return rgbToImage(matchColors(*referenceBuffer, *targetBuffer));
+    const QImage referencePixels = unpadded32(reference);
+    const QImage targetPixels = unpadded32(target);
+    QImage result = newLargeImage(target.width(), target.height(), QImage::Format_RGB32);
+    if (result.isNull())
+        return std::nullopt;
+    const int64_t n = static_cast<int64_t>(target.width()) * target.height();
+    const bool comparable = static_cast<int64_t>(reference.width()) * reference.height() >= n;
+    const ChannelTables tables =
+        comparable ? matchingTables(referencePixels.constBits(), targetPixels.constBits(), n, bgrxWords)
+                   : identityTables();
+    // Each channel's table shifted into its place in a 32-bit pixel, alpha opaque.
+    std::array<std::array<uint32_t, 256>, 3> shifted;
+    for (int i = 0; i < 256; ++i) {
+        shifted[0][i] = 0xff000000u | static_cast<uint32_t>(tables[0][i]) << 16;
+        shifted[1][i] = static_cast<uint32_t>(tables[1][i]) << 8;
+        shifted[2][i] = tables[2][i];
+    }
+    const auto *in = reinterpret_cast<const uint32_t *>(targetPixels.constBits());
+    auto *out = reinterpret_cast<uint32_t *>(result.bits());
+    parallelRows(target.height(), [&](int64_t first, int64_t end) {
+        for (int64_t i = first * target.width(); i < end * target.width(); ++i) {
+            const uint32_t p = in[i];
+            out[i] = shifted[0][(p >> 16) & 0xff] | shifted[1][(p >> 8) & 0xff] | shifted[2][p & 0xff];
+        }
+    });
+    return result;
 }
 
 void matchColours(StereoImageProcessor &processor, bool flag)

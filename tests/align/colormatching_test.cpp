@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <array>
+#include <cmath>
 #include <functional>
+#include <random>
 
 #include <gtest/gtest.h>
 
 #include "align/colormatching.h"
+#include "align/luminancesum.h"
 #include "core/displaycomposition.h"
 #include "core/stereoimageprocessor.h"
 #include "formats/imagereader.h"
@@ -115,6 +118,96 @@ TEST(MatchColors, ProcessorFlagPicksTheTargetAgainstSwap)
         const QRgb expectedRight = row.rightChanges ? qRgb(20, 40, 60) : qRgb(200, 150, 100);
         EXPECT_EQ(proc.leftOriginal->pixel(1, 1), expectedLeft) << row.flag << row.swap;
         EXPECT_EQ(proc.rightOriginal->pixel(1, 1), expectedRight) << row.flag << row.swap;
+    }
+}
+
+// Pixels for the luminance sums: noise, a gray ramp (gray levels whose luminance is an exact
+// integer make ties at large sums) and noise after a black band.
+std::vector<uint8_t> bgrxPixels(int64_t n, int pattern)
+{
+    std::mt19937 random(static_cast<unsigned>(n * 3 + pattern));
+    std::vector<uint8_t> bytes(static_cast<size_t>(4 * n));
+    for (int64_t i = 0; i < n; ++i) {
+        const auto level = static_cast<uint8_t>(i % 256);
+        for (int c = 0; c < 4; ++c)
+            bytes[4 * i + c] = pattern == 1 ? level : pattern == 2 && i < n / 2 ? 0 : static_cast<uint8_t>(random());
+    }
+    return bytes;
+}
+
+TEST(LuminanceSum, Avx512KernelAddsTheSameBitsAsThePixelByPixelSum)
+{
+    if (!luminanceAvx512Available())
+        GTEST_SKIP() << "no AVX-512F here";
+    const int64_t sizes[] = {0, 1, 7, 1023, 1024, 1025, 4099, 70000};
+    // Empty, below the first binade, in a binade, just below a power of two, units of 2.
+    const double starts[] = {0, 255.75, 256, 1000.3, std::ldexp(1.0, 31) - 3000.5, std::ldexp(1.0, 53)};
+    for (const int64_t n : sizes)
+        for (int pattern = 0; pattern < 3; ++pattern) {
+            const std::vector<uint8_t> pixels = bgrxPixels(n, pattern);
+            for (const double start : starts)
+                EXPECT_EQ(addLuminanceAvx512(start, pixels.data(), n), addLuminanceInOrder(start, pixels.data(), n, bgrxWords))
+                    << n << " pixels, pattern " << pattern << ", from " << start;
+        }
+}
+
+// Both stages written out one after the other, over whole buffers, on one core.
+RgbBuffer stepwiseMatch(const RgbBuffer &reference, RgbBuffer target)
+{
+    const int64_t n = target.w * target.h;
+    if (reference.data.size() < static_cast<size_t>(3 * n))
+        return target;
+    const double xr = addLuminanceInOrder(0, reference.data.data(), n, rgbBytes) / static_cast<double>(n) / 255;
+    const double xt = addLuminanceInOrder(0, target.data.data(), n, rgbBytes) / static_cast<double>(n) / 255;
+    if (xt > 0.01 && xt < 0.99 && xr > 0.01)
+        for (uint8_t &byte : target.data) {
+            const double v = std::pow(byte / 255.0, std::log(xr) / std::log(xt)) * 255 + 0.5;
+            byte = v >= 255 ? 255 : v <= 0 ? 0 : static_cast<uint8_t>(v);
+        }
+    RgbBuffer head(reference.w, reference.h);
+    head.data.assign(reference.data.begin(), reference.data.begin() + 3 * n);
+    const auto r = countLevels(head), t = countLevels(target);
+    // Level v of channel c goes to the first reference level whose running count exceeds the
+    // target's count of the levels below v.
+    std::array<std::array<uint8_t, 256>, 3> table{};
+    for (int c = 0; c < 3; ++c)
+        for (int v = 0, below = 0; v < 256; below += static_cast<int>(t[c][v++])) {
+            int64_t cr = 0;
+            int j = 0;
+            while (j < 255 && (cr += r[c][j]) <= below)
+                ++j;
+            table[c][v] = static_cast<uint8_t>(j);
+        }
+    for (size_t i = 0; i < target.data.size(); ++i)
+        target.data[i] = table[i % 3][target.data[i]];
+    return target;
+}
+
+RgbBuffer crop(const RgbBuffer &photo, int64_t x0, int64_t w, int64_t h)
+{
+    RgbBuffer out(w, h);
+    for (int64_t y = 0; y < h; ++y)
+        std::copy_n(photo.row(y) + 3 * x0, 3 * w, out.row(y));
+    return out;
+}
+
+// Sizes from one pixel to pairs whose counting pass is split over the cores; the reference is
+// sometimes larger than the target. Both overloads give the stepwise result.
+TEST(MatchColors, EqualsTheStepwiseStagesAtEverySize)
+{
+    const RgbBuffer left = *imageToRGB(*loadCorrectImageOriented(VOREL_TEST_DATA "/stereo/aloeL.jpg"));
+    const RgbBuffer right = *imageToRGB(*loadCorrectImageOriented(VOREL_TEST_DATA "/stereo/aloeR.jpg"));
+    struct Size {
+        int64_t w, h, referenceH;
+    } sizes[] = {{1, 1, 1}, {3, 2, 2}, {17, 5, 9}, {401, 301, 301}, {1201, 1000, 1000}, {1282, 1110, 1110}};
+    for (const Size &size : sizes) {
+        const RgbBuffer reference = crop(right, 0, size.w, size.referenceH);
+        const RgbBuffer target = crop(left, left.w - size.w, size.w, size.h);
+        const RgbBuffer want = stepwiseMatch(reference, target);
+        EXPECT_EQ(matchColors(reference, target).data, want.data) << size.w << "x" << size.h;
+        const std::optional<QImage> image = matchColors(*rgbToImage(reference), *rgbToImage(target));
+        ASSERT_TRUE(image);
+        EXPECT_EQ(imageToRGB(*image)->data, want.data) << "32-bit pixels, " << size.w << "x" << size.h;
     }
 }
 

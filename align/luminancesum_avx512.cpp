@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// AVX-512 luminance sum. The in-order sum is a chain of dependent double additions (four
+// cycles a pixel); this kernel reaches the same bits without the chain. While the running
+// sum s stays in one binade [2^e, 2^(e+1)), every sum is a multiple of its ulp u = 2^(e-52)
+// and s + Y rounds to s + (Y rounded to a multiple of u), unless Y lies exactly halfway
+// (then the parity of s decides). So a block of pixels adds exactly sum(round_u(Y)) * u
+// when no Y is a tie and the total keeps s below 2^(e+1); round_u(Y) is read from the bits
+// of 2^e + Y, which the hardware rounds to the same grid. Blocks that fail these checks,
+// and sums below 256 (where 2^e + Y could leave the binade), are added in order instead.
+// Compiled with -mavx512f alone (no fused multiply-add); chosen at run time.
+#include "align/luminancesum.h"
+
+#include <bit>
+#include <optional>
+
+#include <immintrin.h>
+
+namespace Vorel {
+
+namespace {
+
+constexpr int64_t blockPixels = 1024;        // pixels whose rounded luminances are summed at once
+constexpr double smallestBinadeSum = 256;     // from here on every Y (at most 255) is below 2^e
+constexpr uint64_t exponentBits = 0x7ff0000000000000ull;
+constexpr uint64_t mantissaBits = 0x000fffffffffffffull;
+constexpr uint64_t binadeUlps = 1ull << 53;  // a binade [2^e, 2^(e+1)) holds 2^52 ulps from 2^e
+
+inline __m512d channel(__m256i pixels, int shift)
+{
+    const __m256i byte = _mm256_and_si256(_mm256_srli_epi32(pixels, shift), _mm256_set1_epi32(0xff));
+    return _mm512_cvtepi32_pd(byte);
+}
+
+// sum plus the block's luminances, or nothing where the block cannot be added at once.
+std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx)
+{
+    const uint64_t bits = std::bit_cast<uint64_t>(sum);
+    const double binade = std::bit_cast<double>(bits & exponentBits); // 2^e
+    const double ulp = binade * 0x1p-52;
+    const __m512d vbinade = _mm512_set1_pd(binade);
+    const __m512i absMask = _mm512_set1_epi64(0x7fffffffffffffffll);
+    const __m512i halfUlp = _mm512_castpd_si512(_mm512_set1_pd(ulp / 2));
+    __m512i units = _mm512_setzero_si512();
+    __mmask8 ties = 0;
+    for (int64_t i = 0; i < blockPixels; i += 8) {
+        const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(bgrx + 4 * i));
+        const __m512d y = _mm512_add_pd(
+            _mm512_add_pd(_mm512_mul_pd(_mm512_set1_pd(0.299), channel(pixels, 16)),
+                          _mm512_mul_pd(_mm512_set1_pd(0.587), channel(pixels, 8))),
+            _mm512_mul_pd(_mm512_set1_pd(0.114), channel(pixels, 0)));
+        const __m512d rounded = _mm512_add_pd(vbinade, y); // 2^e + round_u(Y)
+        units = _mm512_add_epi64(units, _mm512_castpd_si512(rounded));
+        // Y - round_u(Y) is exact; a tie leaves exactly half an ulp.
+        const __m512d rest = _mm512_sub_pd(y, _mm512_sub_pd(rounded, vbinade));
+        ties |= _mm512_cmpeq_epi64_mask(_mm512_and_si512(_mm512_castpd_si512(rest), absMask), halfUlp);
+    }
+    if (ties)
+        return std::nullopt;
+    // The bits of 2^e + k u are those of 2^e plus k; sums wrap modulo 2^64 to the exact count.
+    const uint64_t count = static_cast<uint64_t>(_mm512_reduce_add_epi64(units)) -
+                           static_cast<uint64_t>(blockPixels) * std::bit_cast<uint64_t>(binade);
+    const uint64_t mantissa = (bits & mantissaBits) | (1ull << 52); // sum / u
+    if (mantissa + count + 1 >= binadeUlps)
+        return std::nullopt;
+    return sum + static_cast<double>(count) * ulp;
+}
+
+bool allBlack(const uint8_t *bgrx)
+{
+    __m512i any = _mm512_setzero_si512();
+    for (int64_t i = 0; i < blockPixels; i += 16)
+        any = _mm512_or_si512(any, _mm512_loadu_si512(bgrx + 4 * i));
+    return _mm512_test_epi32_mask(any, _mm512_set1_epi32(0x00ffffff)) == 0;
+}
+
+} // namespace
+
+double addLuminanceAvx512(double sum, const uint8_t *bgrx, int64_t n)
+{
+    int64_t i = 0;
+    for (; i + blockPixels <= n; i += blockPixels) {
+        const uint8_t *block = bgrx + 4 * i;
+        if (sum >= smallestBinadeSum) {
+            if (const std::optional<double> added = addBlockInUlps(sum, block)) {
+                sum = *added;
+                continue;
+            }
+        } else if (allBlack(block)) {
+            continue; // s + 0 is s
+        }
+        sum = addLuminanceInOrder(sum, block, blockPixels, bgrxWords);
+    }
+    return addLuminanceInOrder(sum, bgrx + 4 * i, n - i, bgrxWords);
+}
+
+} // namespace Vorel
