@@ -25,6 +25,7 @@
 #include <cstdint>
 #include <mutex>
 
+#include "align/channeltables.h"
 #include "align/luminancesum.h"
 #include "core/displaycomposition.h"
 #include "core/largebuffer.h"
@@ -37,12 +38,10 @@ namespace {
 
 constexpr double lowestMeanLuminance = 0.01;  // darker means carry no usable gamma
 constexpr double highestMeanLuminance = 0.99; // brighter targets carry no usable gamma (target only)
-constexpr int64_t countBlockPixels = 1 << 14; // unit of the counting pass's split over the cores
+constexpr int64_t countBlockPixels = 1 << 14; // unit of the counting pass's split over the cores (fits 32-bit counts)
 
-using LevelTable = std::array<uint8_t, 256>;
 using Histogram = std::array<int64_t, 256>;
 using ChannelHistograms = std::array<Histogram, 3>; // R, G, B
-using ChannelTables = std::array<LevelTable, 3>;
 
 struct ViewCounts {
     double luminanceSum = 0;
@@ -57,13 +56,36 @@ constexpr LevelTable identityTable()
     return table;
 }
 
+// Four interleaved sets of counters: runs of equal levels, common in smooth photos, would
+// otherwise chain every increment on the store of the one before. Blocks are short enough
+// for 32-bit counters.
+template <ChannelLayout layout>
+void countLevels(ChannelHistograms &counts, const uint8_t *pixels, int64_t n)
+{
+    constexpr int sets = 4;
+    std::array<std::array<std::array<uint32_t, 256>, 3>, sets> partial{};
+    const auto add = [&](int set, const uint8_t *p) {
+        ++partial[set][0][p[layout.red]];
+        ++partial[set][1][p[layout.green]];
+        ++partial[set][2][p[layout.blue]];
+    };
+    int64_t i = 0;
+    for (; i + sets <= n; i += sets, pixels += sets * layout.pixelStride)
+        for (int set = 0; set < sets; ++set)
+            add(set, pixels + set * layout.pixelStride);
+    for (; i < n; ++i, pixels += layout.pixelStride)
+        add(0, pixels);
+    for (int c = 0; c < 3; ++c)
+        for (int v = 0; v < 256; ++v)
+            counts[c][v] += partial[0][c][v] + partial[1][c][v] + partial[2][c][v] + partial[3][c][v];
+}
+
 void countLevels(ChannelHistograms &counts, const uint8_t *pixels, int64_t n, ChannelLayout layout)
 {
-    for (int64_t i = 0; i < n; ++i, pixels += layout.pixelStride) {
-        ++counts[0][pixels[layout.red]];
-        ++counts[1][pixels[layout.green]];
-        ++counts[2][pixels[layout.blue]];
-    }
+    if (layout == bgrxWords)
+        countLevels<bgrxWords>(counts, pixels, n);
+    else
+        countLevels<rgbBytes>(counts, pixels, n);
 }
 
 // Luminance sums and histograms of the first n pixels of the reference (views[0]) and the
@@ -199,20 +221,11 @@ std::optional<QImage> matchColors(const QImage &reference, const QImage &target)
     const ChannelTables tables =
         comparable ? matchingTables(referencePixels.constBits(), targetPixels.constBits(), n, bgrxWords)
                    : identityTables();
-    // Each channel's table shifted into its place in a 32-bit pixel, alpha opaque.
-    std::array<std::array<uint32_t, 256>, 3> shifted;
-    for (int i = 0; i < 256; ++i) {
-        shifted[0][i] = 0xff000000u | static_cast<uint32_t>(tables[0][i]) << 16;
-        shifted[1][i] = static_cast<uint32_t>(tables[1][i]) << 8;
-        shifted[2][i] = tables[2][i];
-    }
     const auto *in = reinterpret_cast<const uint32_t *>(targetPixels.constBits());
     auto *out = reinterpret_cast<uint32_t *>(result.bits());
+    const int64_t w = target.width();
     parallelRows(target.height(), [&](int64_t first, int64_t end) {
-        for (int64_t i = first * target.width(); i < end * target.width(); ++i) {
-            const uint32_t p = in[i];
-            out[i] = shifted[0][(p >> 16) & 0xff] | shifted[1][(p >> 8) & 0xff] | shifted[2][p & 0xff];
-        }
+        mapChannels(out + first * w, in + first * w, (end - first) * w, tables);
     });
     return result;
 }

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "align/channeltables.h"
 #include "align/colormatching.h"
 #include "align/luminancesum.h"
 #include "core/displaycomposition.h"
@@ -149,6 +150,25 @@ TEST(LuminanceSum, Avx512KernelAddsTheSameBitsAsThePixelByPixelSum)
                 EXPECT_EQ(addLuminanceAvx512(start, pixels.data(), n), addLuminanceInOrder(start, pixels.data(), n, bgrxWords))
                     << n << " pixels, pattern " << pattern << ", from " << start;
         }
+}
+
+TEST(ChannelTables, Avx512KernelMapsLikeTheScalarLoop)
+{
+    if (!mapChannelsAvx512Available())
+        GTEST_SKIP() << "no AVX-512 VBMI here";
+    std::mt19937 random(7);
+    ChannelTables tables;
+    for (LevelTable &table : tables)
+        for (uint8_t &entry : table)
+            entry = static_cast<uint8_t>(random());
+    for (const int64_t n : {0, 1, 15, 16, 17, 1000}) {
+        std::vector<uint32_t> in(static_cast<size_t>(n)), want(in.size()), got(in.size());
+        for (uint32_t &pixel : in)
+            pixel = static_cast<uint32_t>(random()); // any alpha: the output is opaque
+        mapChannelsScalar(want.data(), in.data(), n, tables);
+        mapChannelsAvx512(got.data(), in.data(), n, tables);
+        EXPECT_EQ(got, want) << n << " pixels";
+    }
 }
 
 // Both stages written out one after the other, over whole buffers, on one core.
