@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Folder throughput of `vorel-cli batch` beside ImageMagick and Python + OpenCV doing the same
-// work, the per-file cost of `vorel-cli convert`, two shards under GNU parallel, and the peak
-// memory of a 200-file batch against a 1-file one. Every figure is wall clock of child processes.
+// work, the per-file cost of `vorel-cli convert`, two shards under GNU parallel, the peak
+// memory of a 200-file batch against a 1-file one, and one conversion against the codec floor. Every figure is wall clock of child processes.
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -43,6 +43,7 @@ const fs::path testData = VOREL_TEST_DATA;
 struct ChildRun {
     bool ok = false;
     double seconds = 0;
+    double cpuSeconds = 0; // user and system time of the child
     // The child's ru_maxrss. The kernel folds the spawning process's own peak into it at exec.
     double peakMiB = 0;
     std::string error; // the command and the first line it wrote to stderr, when it failed
@@ -78,6 +79,8 @@ ChildRun run(const Command &command)
     wait4(pid, &status, 0, &usage);
     result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     result.peakMiB = static_cast<double>(usage.ru_maxrss) / 1024.0;
+    const auto toSeconds = [](const timeval &t) { return static_cast<double>(t.tv_sec) + t.tv_usec / 1e6; };
+    result.cpuSeconds = toSeconds(usage.ru_utime) + toSeconds(usage.ru_stime);
     result.ok = WIFEXITED(status) && WEXITSTATUS(status) == 0;
     if (!result.ok) {
         std::ifstream stderrText(errorFile);
@@ -328,6 +331,49 @@ void BM_VorelBatchTwoShardsParallel(benchmark::State &state, const Scenario &sce
         state.counters["speedup"] = rate / batchRates[scenario.name];
 }
 
+// One 8000x3000 side-by-side JPEG to a Dubois JPEG by `vorel-cli convert` against the codec floor
+// (bench/codecfloor.cpp: TurboJPEG decode, a plain float loop, TurboJPEG encode), on one core
+// (taskset) or two, unadjusted or with --adjust 1,0.5,0.3,0.5. CPU time and wall clock of the
+// fastest of the iterations; peak memory against the decoded input plus the decoded output.
+void BM_ConvertAgainstCodecFloor(benchmark::State &state)
+{
+    const Folder &in = sideBySideFolder();
+    if (in.files.empty()) {
+        state.SkipWithError("no input files (the test pictures could not be written)");
+        return;
+    }
+    const bool oneCore = state.range(0) == 1, adjusted = state.range(1) == 1;
+    const fs::path out = cacheDir / "out" / "floor";
+    fs::create_directories(out);
+    Command pinned = oneCore ? Command{"taskset", "-c", "0"} : Command{};
+    Command vorel = pinned, floor = pinned;
+    vorel.insert(vorel.end(), {VOREL_CLI, "convert", "--yes", "--output", "anaglyph-dubois"});
+    if (adjusted)
+        vorel.insert(vorel.end(), {"--adjust", "1,0.5,0.3,0.5"});
+    vorel.insert(vorel.end(), {in.files.front().string(), (out / "vorel.jpg").string()});
+    floor.insert(floor.end(), {VOREL_BENCH_CODEC_FLOOR, in.files.front().string(), (out / "floor.jpg").string()});
+    ChildRun best, bestFloor;
+    for (auto _ : state) {
+        const ChildRun ours = run(vorel), theirs = run(floor);
+        if (!ours.ok || !theirs.ok) {
+            state.SkipWithError((ours.ok ? theirs : ours).error.c_str());
+            return;
+        }
+        state.SetIterationTime(ours.seconds);
+        if (best.cpuSeconds == 0 || ours.cpuSeconds < best.cpuSeconds)
+            best = ours;
+        if (bestFloor.cpuSeconds == 0 || theirs.cpuSeconds < bestFloor.cpuSeconds)
+            bestFloor = theirs;
+    }
+    constexpr double decodedMiB = (8000.0 * 3000 * 4 + 4000.0 * 3000 * 4) / (1 << 20);
+    state.counters["cpu_s"] = best.cpuSeconds;
+    state.counters["floor_cpu_s"] = bestFloor.cpuSeconds;
+    state.counters["cpu_x_floor"] = best.cpuSeconds / bestFloor.cpuSeconds;
+    state.counters["wall_s"] = best.seconds;
+    state.counters["peak_MiB"] = best.peakMiB;
+    state.counters["peak_x_images"] = best.peakMiB / decodedMiB;
+}
+
 // Peak memory of a 200-file batch against a 1-file batch of the same mid-size camera picture:
 // nothing may pile up between jobs. Since a child's ru_maxrss includes the spawning process's
 // own peak, this runs before the large test pictures are made in this process, and a figure
@@ -377,6 +423,12 @@ BENCHMARK_CAPTURE(BM_VorelBatch, mpo_to_sbs, mpoToSideBySide)->Apply(folderRun);
 BENCHMARK_CAPTURE(BM_VorelConvertEachFile, mpo_to_sbs, mpoToSideBySide)->Apply(folderRun);
 BENCHMARK_CAPTURE(BM_ImageMagickEachFile, mpo_to_sbs, mpoToSideBySide)->Apply(folderRun);
 BENCHMARK_CAPTURE(BM_PythonOpenCv, mpo_to_sbs, mpoToSideBySide)->Apply(folderRun);
+BENCHMARK(BM_ConvertAgainstCodecFloor)
+    ->ArgNames({"cores", "adjusted"})
+    ->ArgsProduct({{1, 2}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
 
 } // namespace
 
