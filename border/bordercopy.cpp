@@ -79,6 +79,11 @@ bool copyBorderScene(QImage &canvas, const BorderScene &scene)
     swatch.fill(scene.background);
     const uint32_t background = *reinterpret_cast<const uint32_t *>(swatch.constBits());
     const int64_t width = canvas.width(), w = slotSize.width(), h = slotSize.height();
+    // Background spans are copied from one prepared row: a copy runs at memcpy's speed.
+    const std::vector<uint32_t> backgroundRow(static_cast<size_t>(width), background);
+    const auto fillBackground = [&](uint32_t *row, int64_t from, int64_t to) {
+        std::memcpy(row + from, backgroundRow.data(), static_cast<size_t>(to - from) * 4);
+    };
     uchar *bits = canvas.bits();
     // Each row: background up to each slot that crosses it (left to right), the slot's image
     // row, background after the last.
@@ -92,13 +97,13 @@ bool copyBorderScene(QImage &canvas, const BorderScene &scene)
                 const int64_t to = std::clamp<int64_t>(slot.left + w, from, width);
                 if (imageRow < 0 || imageRow >= h || from == to)
                     continue;
-                std::fill(row + x, row + from, background);
+                fillBackground(row, x, from);
                 const auto *source = reinterpret_cast<const uint32_t *>(slot.image->constBits() +
                                                                         imageRow * slot.image->bytesPerLine());
                 std::memcpy(row + from, source + (from - slot.left), static_cast<size_t>(to - from) * 4);
                 x = to;
             }
-            std::fill(row + x, row + width, background);
+            fillBackground(row, x, width);
         }
     });
 
