@@ -23,10 +23,11 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <mutex>
 
 #include "align/channeltables.h"
-#include "align/luminancesum.h"
+#include "align/viewcounting.h"
 #include "core/displaycomposition.h"
 #include "core/largebuffer.h"
 #include "core/parallelrows.h"
@@ -56,38 +57,6 @@ constexpr LevelTable identityTable()
     return table;
 }
 
-// Four interleaved sets of counters: runs of equal levels, common in smooth photos, would
-// otherwise chain every increment on the store of the one before. Blocks are short enough
-// for 32-bit counters.
-template <ChannelLayout layout>
-void countLevels(ChannelHistograms &counts, const uint8_t *pixels, int64_t n)
-{
-    constexpr int sets = 4;
-    std::array<std::array<std::array<uint32_t, 256>, 3>, sets> partial{};
-    const auto add = [&](int set, const uint8_t *p) {
-        ++partial[set][0][p[layout.red]];
-        ++partial[set][1][p[layout.green]];
-        ++partial[set][2][p[layout.blue]];
-    };
-    int64_t i = 0;
-    for (; i + sets <= n; i += sets, pixels += sets * layout.pixelStride)
-        for (int set = 0; set < sets; ++set)
-            add(set, pixels + set * layout.pixelStride);
-    for (; i < n; ++i, pixels += layout.pixelStride)
-        add(0, pixels);
-    for (int c = 0; c < 3; ++c)
-        for (int v = 0; v < 256; ++v)
-            counts[c][v] += partial[0][c][v] + partial[1][c][v] + partial[2][c][v] + partial[3][c][v];
-}
-
-void countLevels(ChannelHistograms &counts, const uint8_t *pixels, int64_t n, ChannelLayout layout)
-{
-    if (layout == bgrxWords)
-        countLevels<bgrxWords>(counts, pixels, n);
-    else
-        countLevels<rgbBytes>(counts, pixels, n);
-}
-
 // Luminance sums and histograms of the first n pixels of the reference (views[0]) and the
 // target (views[1]). The blocks of both views form one range split over the cores; the core
 // holding a view's first block also sums that view's luminance over all its blocks, in order.
@@ -97,27 +66,42 @@ std::array<ViewCounts, 2> countViews(const std::array<const uint8_t *, 2> &views
     std::array<ViewCounts, 2> totals;
     std::mutex merging;
     parallelRows(2 * blocks, [&](int64_t first, int64_t end) {
-        std::array<ViewCounts, 2> part;
         for (int v = 0; v < 2; ++v) {
             const int64_t begin = std::max(first - v * blocks, int64_t{0});
             const int64_t stop = std::min(end - v * blocks, blocks);
-            const bool sumsLuminance = begin == 0 && stop > 0;
+            if (begin >= stop)
+                continue;
+            ViewCounts part;
+            LevelCounts counts;
+            int64_t pending = 0; // pixels in `counts`
+            const auto takeCounts = [&] {
+                for (int c = 0; c < 3; ++c)
+                    for (int i = 0; i < 256; ++i)
+                        part.levels[c][i] += counts.total(c, i);
+                counts = {};
+                pending = 0;
+            };
+            const bool sumsLuminance = begin == 0;
             for (int64_t b = begin; b < (sumsLuminance ? blocks : stop); ++b) {
                 const int64_t pixel = b * countBlockPixels;
                 const int64_t count = std::min(countBlockPixels, n - pixel);
                 const uint8_t *pixels = views[v] + pixel * layout.pixelStride;
+                const bool counting = b < stop;
+                if (counting && pending + count > std::numeric_limits<uint32_t>::max())
+                    takeCounts();
                 if (sumsLuminance)
-                    part[v].luminanceSum = addLuminance(part[v].luminanceSum, pixels, count, layout);
-                if (b < stop)
-                    countLevels(part[v].levels, pixels, count, layout);
+                    part.luminanceSum = addLuminance(part.luminanceSum, pixels, count, layout);
+                if (counting) {
+                    countLevels(counts, pixels, count, layout);
+                    pending += count;
+                }
             }
-        }
-        const std::lock_guard lock(merging);
-        for (int v = 0; v < 2; ++v) {
-            totals[v].luminanceSum += part[v].luminanceSum; // one part sums a view, the others add 0
+            takeCounts();
+            const std::lock_guard lock(merging);
+            totals[v].luminanceSum += part.luminanceSum; // one part sums a view, the others add 0
             for (int c = 0; c < 3; ++c)
                 for (int i = 0; i < 256; ++i)
-                    totals[v].levels[c][i] += part[v].levels[c][i];
+                    totals[v].levels[c][i] += part.levels[c][i];
         }
     });
     return totals;

@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// AVX-512 luminance sum. The in-order sum is a chain of dependent double additions (four
-// cycles a pixel); this kernel reaches the same bits without the chain. While the running
-// sum s stays in one binade [2^e, 2^(e+1)), every sum is a multiple of its ulp u = 2^(e-52)
-// and s + Y rounds to s + (Y rounded to a multiple of u), unless Y lies exactly halfway
-// (then the parity of s decides). So a block of pixels adds exactly sum(round_u(Y)) * u
-// when no Y is a tie and the total keeps s below 2^(e+1); round_u(Y) is read from the bits
-// of 2^e + Y, which the hardware rounds to the same grid. Blocks that fail these checks,
-// and sums below 256 (where 2^e + Y could leave the binade), are added in order instead.
-// Compiled with -mavx512f alone (no fused multiply-add); chosen at run time.
-#include "align/luminancesum.h"
+// AVX-512 luminance sum. The in-order sum is a chain of dependent double additions
+// (four cycles a pixel); this kernel reaches the same bits without the chain. While the
+// running sum s stays in one binade [2^e, 2^(e+1)), every sum is a multiple of its ulp
+// u = 2^(e-52) and s + Y rounds to s + (Y rounded to a multiple of u), unless Y lies exactly
+// halfway (then the parity of s decides). So a block of pixels adds exactly
+// sum(round_u(Y)) * u when no Y is a tie and the total keeps s below 2^(e+1); round_u(Y) is
+// read from the bits of 2^e + Y, which the hardware rounds to the same grid, and a tie shows
+// as 2^e + Y and 2^e + u + Y rounding in different directions. Blocks that fail these
+// checks, and sums below 256 (where 2^e + Y could leave the binade), are added in order
+// instead. Compiled with -mavx512f alone (no fused multiply-add); chosen at run time.
+#include "align/viewcounting.h"
 
 #include <bit>
 #include <optional>
@@ -38,9 +39,9 @@ std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx)
     const uint64_t bits = std::bit_cast<uint64_t>(sum);
     const double binade = std::bit_cast<double>(bits & exponentBits); // 2^e
     const double ulp = binade * 0x1p-52;
-    const __m512d vbinade = _mm512_set1_pd(binade);
-    const __m512i absMask = _mm512_set1_epi64(0x7fffffffffffffffll);
-    const __m512i halfUlp = _mm512_castpd_si512(_mm512_set1_pd(ulp / 2));
+    const __m512d lowGrid = _mm512_set1_pd(binade);      // even multiple of u
+    const __m512d highGrid = _mm512_set1_pd(binade + ulp); // odd multiple of u
+    const __m512i one = _mm512_set1_epi64(1);
     __m512i units = _mm512_setzero_si512();
     __mmask8 ties = 0;
     for (int64_t i = 0; i < blockPixels; i += 8) {
@@ -49,11 +50,10 @@ std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx)
             _mm512_add_pd(_mm512_mul_pd(_mm512_set1_pd(0.299), channel(pixels, 16)),
                           _mm512_mul_pd(_mm512_set1_pd(0.587), channel(pixels, 8))),
             _mm512_mul_pd(_mm512_set1_pd(0.114), channel(pixels, 0)));
-        const __m512d rounded = _mm512_add_pd(vbinade, y); // 2^e + round_u(Y)
-        units = _mm512_add_epi64(units, _mm512_castpd_si512(rounded));
-        // Y - round_u(Y) is exact; a tie leaves exactly half an ulp.
-        const __m512d rest = _mm512_sub_pd(y, _mm512_sub_pd(rounded, vbinade));
-        ties |= _mm512_cmpeq_epi64_mask(_mm512_and_si512(_mm512_castpd_si512(rest), absMask), halfUlp);
+        const __m512i low = _mm512_castpd_si512(_mm512_add_pd(lowGrid, y)); // 2^e + round_u(Y)
+        const __m512i high = _mm512_castpd_si512(_mm512_add_pd(highGrid, y));
+        units = _mm512_add_epi64(units, low);
+        ties |= _mm512_cmpneq_epi64_mask(_mm512_sub_epi64(high, low), one);
     }
     if (ties)
         return std::nullopt;

@@ -9,7 +9,7 @@
 
 #include "align/channeltables.h"
 #include "align/colormatching.h"
-#include "align/luminancesum.h"
+#include "align/viewcounting.h"
 #include "core/displaycomposition.h"
 #include "core/stereoimageprocessor.h"
 #include "formats/imagereader.h"
@@ -136,7 +136,7 @@ std::vector<uint8_t> bgrxPixels(int64_t n, int pattern)
     return bytes;
 }
 
-TEST(LuminanceSum, Avx512KernelAddsTheSameBitsAsThePixelByPixelSum)
+TEST(ViewCounting, Avx512LuminanceKernelAddsTheSameBitsAsThePixelByPixelSum)
 {
     if (!luminanceAvx512Available())
         GTEST_SKIP() << "no AVX-512F here";
