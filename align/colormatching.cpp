@@ -39,7 +39,7 @@ namespace {
 
 constexpr double lowestMeanLuminance = 0.01;  // darker means carry no usable gamma
 constexpr double highestMeanLuminance = 0.99; // brighter targets carry no usable gamma (target only)
-constexpr int64_t countBlockPixels = 1 << 14; // unit of the counting pass's split over the cores (fits 32-bit counts)
+constexpr int64_t countBlockPixels = 1 << 14; // unit of the counting pass's split over the cores
 
 using Histogram = std::array<int64_t, 256>;
 using ChannelHistograms = std::array<Histogram, 3>; // R, G, B
