@@ -90,11 +90,10 @@ std::array<ViewCounts, 2> countViews(const std::array<const uint8_t *, 2> &views
                 if (counting && pending + count > std::numeric_limits<uint32_t>::max())
                     takeCounts();
                 if (sumsLuminance)
-                    part.luminanceSum = addLuminance(part.luminanceSum, pixels, count, layout);
-                if (counting) {
+                    part.luminanceSum = countView(part.luminanceSum, pixels, count, layout, counting ? &counts : nullptr);
+                else
                     countLevels(counts, pixels, count, layout);
-                    pending += count;
-                }
+                pending += counting ? count : 0;
             }
             takeCounts();
             const std::lock_guard lock(merging);

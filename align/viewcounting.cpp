@@ -48,16 +48,18 @@ double addLuminanceInOrder(double sum, const uint8_t *pixels, int64_t n, Channel
     return sum;
 }
 
-bool luminanceAvx512Available()
+bool countViewAvx512Available()
 {
     static const bool runs = __builtin_cpu_supports("avx512f");
     return runs;
 }
 
-double addLuminance(double sum, const uint8_t *pixels, int64_t n, ChannelLayout layout)
+double countView(double sum, const uint8_t *pixels, int64_t n, ChannelLayout layout, LevelCounts *counts)
 {
-    if (layout == bgrxWords && luminanceAvx512Available())
-        return addLuminanceAvx512(sum, pixels, n);
+    if (layout == bgrxWords && countViewAvx512Available())
+        return countViewAvx512(sum, pixels, n, counts);
+    if (counts)
+        countLevels(*counts, pixels, n, layout);
     return addLuminanceInOrder(sum, pixels, n, layout);
 }
 

@@ -32,10 +32,12 @@ void countLevels(LevelCounts &counts, const uint8_t *pixels, int64_t n, ChannelL
 // sum + Y(pixel 0) + Y(pixel 1) + ... + Y(pixel n-1), left to right.
 double addLuminanceInOrder(double sum, const uint8_t *pixels, int64_t n, ChannelLayout layout);
 
-// The same bits for bgrxWords pixels with AVX-512F (run only where the processor has it).
-double addLuminanceAvx512(double sum, const uint8_t *bgrx, int64_t n);
-bool luminanceAvx512Available();
-// The same bits by the fastest of the above.
-double addLuminance(double sum, const uint8_t *pixels, int64_t n, ChannelLayout layout);
+// The luminance sum of bgrxWords pixels, the same bits as addLuminanceInOrder, and with
+// `counts` also their levels, in one pass with AVX-512F (run only where the processor has it).
+double countViewAvx512(double sum, const uint8_t *bgrx, int64_t n, LevelCounts *counts);
+bool countViewAvx512Available();
+
+// The same by the fastest of the above; `counts` may be null.
+double countView(double sum, const uint8_t *pixels, int64_t n, ChannelLayout layout, LevelCounts *counts);
 
 } // namespace Vorel

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// AVX-512 luminance sum. The in-order sum is a chain of dependent double additions
+// AVX-512 counting pass. The in-order luminance sum is a chain of dependent double additions
 // (four cycles a pixel); this kernel reaches the same bits without the chain. While the
 // running sum s stays in one binade [2^e, 2^(e+1)), every sum is a multiple of its ulp
 // u = 2^(e-52) and s + Y rounds to s + (Y rounded to a multiple of u), unless Y lies exactly
@@ -9,7 +9,9 @@
 // read from the bits of 2^e + Y, which the hardware rounds to the same grid, and a tie shows
 // as 2^e + Y and 2^e + u + Y rounding in different directions. Blocks that fail these
 // checks, and sums below 256 (where 2^e + Y could leave the binade), are added in order
-// instead. Compiled with -mavx512f alone (no fused multiply-add); chosen at run time.
+// instead. The level counts (scalar increments, the port-bound part) run in the same loop as
+// the vector luminance, so the two overlap. Compiled with -mavx512f alone (no fused
+// multiply-add); chosen at run time.
 #include "align/viewcounting.h"
 
 #include <bit>
@@ -33,8 +35,21 @@ inline __m512d channel(__m256i pixels, int shift)
     return _mm512_cvtepi32_pd(byte);
 }
 
-// sum plus the block's luminances, or nothing where the block cannot be added at once.
-std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx)
+// Counts the levels of two pixels read as one 64-bit word, into sets `set` and `set + 1`.
+inline void countPixelPair(LevelCounts &levels, int set, uint64_t pair)
+{
+#pragma GCC unroll 2
+    for (int half = 0; half < 2; ++half, pair >>= 32) {
+        ++levels.counts[set + half][0][(pair >> 16) & 0xff];
+        ++levels.counts[set + half][1][(pair >> 8) & 0xff];
+        ++levels.counts[set + half][2][pair & 0xff];
+    }
+}
+
+// sum plus the block's luminances, or nothing where the block cannot be added at once. With
+// Counting the block's levels are counted either way.
+template <bool Counting>
+std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx, LevelCounts *levels)
 {
     const uint64_t bits = std::bit_cast<uint64_t>(sum);
     const double binade = std::bit_cast<double>(bits & exponentBits); // 2^e
@@ -45,7 +60,8 @@ std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx)
     __m512i units = _mm512_setzero_si512();
     __mmask8 ties = 0;
     for (int64_t i = 0; i < blockPixels; i += 8) {
-        const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(bgrx + 4 * i));
+        const uint8_t *step = bgrx + 4 * i;
+        const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(step));
         const __m512d y = _mm512_add_pd(
             _mm512_add_pd(_mm512_mul_pd(_mm512_set1_pd(0.299), channel(pixels, 16)),
                           _mm512_mul_pd(_mm512_set1_pd(0.587), channel(pixels, 8))),
@@ -54,6 +70,14 @@ std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx)
         const __m512i high = _mm512_castpd_si512(_mm512_add_pd(highGrid, y));
         units = _mm512_add_epi64(units, low);
         ties |= _mm512_cmpneq_epi64_mask(_mm512_sub_epi64(high, low), one);
+        if constexpr (Counting) {
+#pragma GCC unroll 4
+            for (int pair = 0; pair < 4; ++pair) {
+                uint64_t word;
+                __builtin_memcpy(&word, step + 8 * pair, sizeof word);
+                countPixelPair(*levels, 2 * (pair % 2), word);
+            }
+        }
     }
     if (ties)
         return std::nullopt;
@@ -76,21 +100,28 @@ bool allBlack(const uint8_t *bgrx)
 
 } // namespace
 
-double addLuminanceAvx512(double sum, const uint8_t *bgrx, int64_t n)
+double countViewAvx512(double sum, const uint8_t *bgrx, int64_t n, LevelCounts *counts)
 {
     int64_t i = 0;
     for (; i + blockPixels <= n; i += blockPixels) {
         const uint8_t *block = bgrx + 4 * i;
         if (sum >= smallestBinadeSum) {
-            if (const std::optional<double> added = addBlockInUlps(sum, block)) {
+            const std::optional<double> added =
+                counts ? addBlockInUlps<true>(sum, block, counts) : addBlockInUlps<false>(sum, block, nullptr);
+            if (added) {
                 sum = *added;
                 continue;
             }
-        } else if (allBlack(block)) {
-            continue; // s + 0 is s
+        } else {
+            if (counts)
+                countLevels(*counts, block, blockPixels, bgrxWords);
+            if (allBlack(block))
+                continue; // s + 0 is s
         }
         sum = addLuminanceInOrder(sum, block, blockPixels, bgrxWords);
     }
+    if (counts)
+        countLevels(*counts, bgrx + 4 * i, n - i, bgrxWords);
     return addLuminanceInOrder(sum, bgrx + 4 * i, n - i, bgrxWords);
 }
 

@@ -136,9 +136,18 @@ std::vector<uint8_t> bgrxPixels(int64_t n, int pattern)
     return bytes;
 }
 
-TEST(ViewCounting, Avx512LuminanceKernelAddsTheSameBitsAsThePixelByPixelSum)
+std::vector<int64_t> totals(const LevelCounts &counts)
 {
-    if (!luminanceAvx512Available())
+    std::vector<int64_t> all;
+    for (int c = 0; c < 3; ++c)
+        for (int level = 0; level < 256; ++level)
+            all.push_back(counts.total(c, level));
+    return all;
+}
+
+TEST(ViewCounting, Avx512KernelGivesTheSumsAndCountsOfTheScalarLoops)
+{
+    if (!countViewAvx512Available())
         GTEST_SKIP() << "no AVX-512F here";
     const int64_t sizes[] = {0, 1, 7, 1023, 1024, 1025, 4099, 70000};
     // Empty, below the first binade, in a binade, just below a power of two, units of 2.
@@ -146,9 +155,16 @@ TEST(ViewCounting, Avx512LuminanceKernelAddsTheSameBitsAsThePixelByPixelSum)
     for (const int64_t n : sizes)
         for (int pattern = 0; pattern < 3; ++pattern) {
             const std::vector<uint8_t> pixels = bgrxPixels(n, pattern);
-            for (const double start : starts)
-                EXPECT_EQ(addLuminanceAvx512(start, pixels.data(), n), addLuminanceInOrder(start, pixels.data(), n, bgrxWords))
+            LevelCounts want;
+            countLevels(want, pixels.data(), n, bgrxWords);
+            for (const double start : starts) {
+                const double sum = addLuminanceInOrder(start, pixels.data(), n, bgrxWords);
+                LevelCounts counts;
+                EXPECT_EQ(countViewAvx512(start, pixels.data(), n, &counts), sum)
                     << n << " pixels, pattern " << pattern << ", from " << start;
+                EXPECT_EQ(totals(counts), totals(want)) << n << " pixels, pattern " << pattern << ", from " << start;
+                EXPECT_EQ(countViewAvx512(start, pixels.data(), n, nullptr), sum) << "without counts";
+            }
         }
 }
 
