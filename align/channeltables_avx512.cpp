@@ -6,6 +6,9 @@
 // channel's result. Compiled with -mavx512f -mavx512bw -mavx512vbmi; chosen at run time.
 #include "align/channeltables.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include <immintrin.h>
 
 namespace Vorel {
@@ -39,15 +42,19 @@ void mapChannelsAvx512(uint32_t *out, const uint32_t *in, int64_t n, const Chann
     constexpr __mmask64 greenBytes = 0x2222222222222222ull; // byte 1 of every pixel
     constexpr __mmask64 redBytes = 0x4444444444444444ull;   // byte 2
     const __m512i opaque = _mm512_set1_epi32(static_cast<int>(0xff000000u));
-    int64_t i = 0;
+    // Streaming stores (the output is far larger than the caches and is not read back here)
+    // skip reading the destination lines first; they need 64-byte aligned addresses.
+    int64_t i = std::min<int64_t>(n, (-reinterpret_cast<intptr_t>(out) & 63) / 4);
+    mapChannelsScalar(out, in, i, tables);
     for (; i + 16 <= n; i += 16) {
         const __m512i pixels = _mm512_loadu_si512(in + i);
         const __mmask64 upperHalf = _mm512_movepi8_mask(pixels);
         __m512i mapped = lookUp(blue, pixels, upperHalf);
         mapped = _mm512_mask_blend_epi8(greenBytes, mapped, lookUp(green, pixels, upperHalf));
         mapped = _mm512_mask_blend_epi8(redBytes, mapped, lookUp(red, pixels, upperHalf));
-        _mm512_storeu_si512(out + i, _mm512_or_si512(mapped, opaque));
+        _mm512_stream_si512(reinterpret_cast<__m512i *>(out + i), _mm512_or_si512(mapped, opaque));
     }
+    _mm_sfence();
     mapChannelsScalar(out + i, in + i, n - i, tables);
 }
 
