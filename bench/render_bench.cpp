@@ -1,10 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Rendering speed of the stereo pair core: full-size adjusted render and Dubois anaglyph of
-// a 24-megapixel pair, slider re-render from the preview cache, and open-render-save of a
-// large side-by-side JPEG. Run pinned to one core (`taskset -c 0`) for single-core figures.
+// Rendering speed of the stereo pair core: full-size adjusted render (against two bilinear
+// cv::warpPerspective calls when OpenCV is there, and each warp kernel alone) and Dubois
+// anaglyph of a 24-megapixel pair, slider re-render from the preview cache, and
+// open-render-save of a large side-by-side JPEG. Run pinned to one core (`taskset -c 0`) for
+// single-core figures.
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <random>
+#include <vector>
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -15,7 +20,10 @@
 #include <opencv2/imgproc.hpp>
 #endif
 
+#include "core/anaglyphrows.h"
 #include "core/displaycomposition.h"
+#include "core/homographywarp.h"
+#include "core/largebuffer.h"
 #include "core/stereoimageprocessor.h"
 #include "core/stereointake.h"
 #include "formats/imagewriter.h"
@@ -58,7 +66,8 @@ void BM_Render24MP(benchmark::State &state)
     for (auto _ : state)
         benchmark::DoNotOptimize(proc.render(false));
 }
-BENCHMARK(BM_Render24MP)->Unit(benchmark::kMillisecond)->UseRealTime();
+// Time: wall clock; CPU: all threads of the process (the warp runs on both cores).
+BENCHMARK(BM_Render24MP)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
 void BM_DuboisAnaglyph24MP(benchmark::State &state)
 {
@@ -67,6 +76,31 @@ void BM_DuboisAnaglyph24MP(benchmark::State &state)
         benchmark::DoNotOptimize(proc.renderAnaglyph(2, false));
 }
 BENCHMARK(BM_DuboisAnaglyph24MP)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The same Dubois anaglyph composed from the adjusted pair's row bands as they are warped: no
+// full-size warped pictures, only the output.
+void BM_DuboisAnaglyphStreamed24MP(benchmark::State &state)
+{
+    StereoImageProcessor &proc = pair24();
+    const AnaglyphDetail::AnaglyphRow dubois = AnaglyphDetail::anaglyphRow(2);
+    for (auto _ : state) {
+        QImage output;
+        streamAdjustedPair(
+            *proc.leftOriginal, *proc.rightOriginal, proc.adjustment,
+            [&](QSize size) {
+                output = newLargeImage(size.width(), size.height(), QImage::Format_RGB32);
+                return !output.isNull();
+            },
+            [&](int64_t first, int64_t count, const uint8_t *left, const uint8_t *right, int64_t stride) {
+                for (int64_t y = 0; y < count; ++y)
+                    dubois(reinterpret_cast<const uint32_t *>(left + y * stride),
+                           reinterpret_cast<const uint32_t *>(right + y * stride),
+                           reinterpret_cast<uint32_t *>(output.scanLine(int(first + y))), output.width());
+            });
+        benchmark::DoNotOptimize(output.constBits());
+    }
+}
+BENCHMARK(BM_DuboisAnaglyphStreamed24MP)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 #ifdef VOREL_BENCH_WITH_OPENCV
 // The yardstick: two bilinear cv::warpPerspective calls with the same matrices on the same pair.
@@ -86,8 +120,60 @@ void BM_OpenCvTwoWarps24MP(benchmark::State &state)
         benchmark::DoNotOptimize(outR.data);
     }
 }
-BENCHMARK(BM_OpenCvTwoWarps24MP)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_OpenCvTwoWarps24MP)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 #endif
+
+// The warp kernels alone, each forced (0 scalar, 1 AVX2, 2 AVX-512), on the typical
+// adjustment's pair: two region warps of the common area into reused outputs.
+void BM_WarpKernel24MP(benchmark::State &state)
+{
+    const WarpKernel kernel = std::array{WarpKernel::scalar, WarpKernel::avx2, WarpKernel::avx512}[state.range(0)];
+    if (!warpKernelAvailable(kernel)) {
+        state.SkipWithError("this processor does not run the kernel");
+        return;
+    }
+    const StereoImageProcessor &proc = pair24();
+    const auto [l, r] = adjustedCorners(6000, 4000, typicalAdjustment);
+    const CornerPoints frame{{{0, 0}, {6000, 0}, {6000, 4000}, {0, 4000}}};
+    const PerspectiveMatrix ml = *perspectiveTransform(frame, l), mr = *perspectiveTransform(frame, r);
+    // The common area, as adjustPair cuts it.
+    const int64_t x0 = int64_t(std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x}));
+    const int64_t y0 = int64_t(std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y}));
+    const int64_t w = int64_t(std::min({6000.0f, l[1].x, l[2].x, r[1].x, r[2].x}) - std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x}));
+    const int64_t h = int64_t(std::min({4000.0f, l[2].y, l[3].y, r[2].y, r[3].y}) - std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y}));
+    const PixelLayout source{6000, 4000, 6000 * 4, 4, 3}, target{w, h, w * 4, 4, 3};
+    std::vector<uint32_t> outL(size_t(w * h)), outR(size_t(w * h));
+    for (auto _ : state) {
+        warpPerspectiveRegion(proc.leftOriginal->constBits(), source, ml, x0, y0, w, h,
+                              reinterpret_cast<uint8_t *>(outL.data()), target, 0xff000000u, {kernel, true});
+        warpPerspectiveRegion(proc.rightOriginal->constBits(), source, mr, x0, y0, w, h,
+                              reinterpret_cast<uint8_t *>(outR.data()), target, 0xff000000u, {kernel, true});
+        benchmark::DoNotOptimize(outL.data());
+        benchmark::DoNotOptimize(outR.data());
+    }
+    state.counters["MP/s"] = benchmark::Counter(double(2 * w * h) * 1e-6, benchmark::Counter::kIsIterationInvariantRate);
+}
+BENCHMARK(BM_WarpKernel24MP)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
+// Nothing adjusted: the solved matrices are exactly the identity, so the render is a row copy
+// (arg 1); arg 0 computes the same bytes through the per-pixel kernel, for comparison.
+void BM_RenderIdentity24MP(benchmark::State &state)
+{
+    const StereoImageProcessor &proc = pair24();
+    const PerspectiveMatrix identity{1, 0, 0, 0, 1, 0, 0, 0, 1};
+    const PixelLayout layout{6000, 4000, 6000 * 4, 4, 3};
+    std::vector<uint32_t> outL(6000 * 4000), outR(6000 * 4000);
+    const WarpOptions options{WarpKernel::automatic, state.range(0) == 1};
+    for (auto _ : state) {
+        warpPerspectiveRegion(proc.leftOriginal->constBits(), layout, identity, 0, 0, 6000, 4000,
+                              reinterpret_cast<uint8_t *>(outL.data()), layout, 0xff000000u, options);
+        warpPerspectiveRegion(proc.rightOriginal->constBits(), layout, identity, 0, 0, 6000, 4000,
+                              reinterpret_cast<uint8_t *>(outR.data()), layout, 0xff000000u, options);
+        benchmark::DoNotOptimize(outL.data());
+        benchmark::DoNotOptimize(outR.data());
+    }
+}
+BENCHMARK(BM_RenderIdentity24MP)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
 // A slider drag on the adjustment page: every step re-renders from the ~1600 px preview copies.
 void BM_SliderRenderFromPreviewCache(benchmark::State &state)

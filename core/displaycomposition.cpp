@@ -3,8 +3,10 @@
 #include "core/displaycomposition.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <numbers>
+#include <vector>
 
 #include "core/largebuffer.h"
 #include "core/parallelrows.h"
@@ -156,21 +158,16 @@ std::pair<CornerPoints, CornerPoints> adjustedCorners(int64_t w, int64_t h, cons
     return {left, right};
 }
 
-std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment)
-{
-    if (left.isNull() || right.isNull() || left.size() != right.size())
-        return std::nullopt;
-    const auto [l, r] = adjustedCorners(left.width(), left.height(), adjustment);
-    return warpToCommonArea(left, right, l, r);
-}
+namespace {
 
-std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &right, const CornerPoints &l,
-                                          const CornerPoints &r)
-{
-    if (left.isNull() || right.isNull() || left.size() != right.size())
-        return std::nullopt;
-    const int64_t w = left.width(), h = left.height();
+// Where both moved pictures overlap, in whole pixels, and each picture's matrix.
+struct CommonArea {
+    int64_t x0, y0, width, height;
+    PerspectiveMatrix left, right;
+};
 
+std::optional<CommonArea> commonArea(int64_t w, int64_t h, const CornerPoints &l, const CornerPoints &r)
+{
     // Common area, in float: the innermost corner on each edge of both moved images.
     const float leftBound = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});
     const float rightBound = std::min({static_cast<float>(w), l[1].x, l[2].x, r[1].x, r[2].x});
@@ -188,28 +185,86 @@ std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &righ
 
     // Only the cut-out is computed: a warped pixel depends on its coordinates alone, so this
     // equals warping the whole frame and cropping afterwards.
-    const int64_t x0 = static_cast<int64_t>(leftBound);
-    const int64_t y0 = static_cast<int64_t>(topBound);
-    const int64_t cropW = static_cast<int64_t>(rightBound - leftBound);
-    const int64_t cropH = static_cast<int64_t>(bottomBound - topBound);
-    if (cropW <= 0 || cropH <= 0)
+    const CommonArea area{static_cast<int64_t>(leftBound), static_cast<int64_t>(topBound),
+                          static_cast<int64_t>(rightBound - leftBound), static_cast<int64_t>(bottomBound - topBound),
+                          *leftMatrix, *rightMatrix};
+    if (area.width <= 0 || area.height <= 0)
         return std::nullopt;
+    return area;
+}
 
+// The warp writes every pixel, opaque black where nothing is sampled; a matrix it cannot
+// invert samples nothing at all.
+constexpr uint32_t opaqueBlack = 0xff000000u;
+
+// Rows [first, first+count) of the cut-out of one warped picture into `out` (rows `stride`
+// bytes apart).
+void warpRows(const QImage &source, const PerspectiveMatrix &matrix, const CommonArea &area, int64_t first,
+              int64_t count, uint8_t *out, int64_t stride)
+{
+    const PixelLayout target{area.width, count, stride, 4, 3};
+    if (!warpPerspectiveRegion(source.constBits(), layoutOf(source), matrix, area.x0, area.y0 + first, area.width,
+                               count, out, target, opaqueBlack))
+        for (int64_t y = 0; y < count; ++y)
+            std::fill_n(reinterpret_cast<uint32_t *>(out + y * stride), area.width, opaqueBlack);
+}
+
+} // namespace
+
+std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment)
+{
+    if (left.isNull() || right.isNull() || left.size() != right.size())
+        return std::nullopt;
+    const auto [l, r] = adjustedCorners(left.width(), left.height(), adjustment);
+    return warpToCommonArea(left, right, l, r);
+}
+
+std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &right, const CornerPoints &l,
+                                          const CornerPoints &r)
+{
+    if (left.isNull() || right.isNull() || left.size() != right.size())
+        return std::nullopt;
+    const std::optional<CommonArea> area = commonArea(left.width(), left.height(), l, r);
+    if (!area)
+        return std::nullopt;
     auto warp = [&](const QImage &image, const PerspectiveMatrix &matrix) {
-        const QImage source = premultiplied32(image);
-        // The warp writes every pixel, opaque black where nothing is sampled; a matrix it
-        // cannot invert samples nothing at all.
-        constexpr uint32_t opaqueBlack = 0xff000000u;
-        QImage output = newLargeImage(static_cast<int>(cropW), static_cast<int>(cropH), QImage::Format_RGB32);
-        if (!output.isNull() && !warpPerspectiveRegion(source.constBits(), layoutOf(source), matrix, x0, y0, cropW,
-                                                       cropH, output.bits(), layoutOf(output), opaqueBlack))
-            output.fill(opaqueBlack);
+        QImage output = newLargeImage(static_cast<int>(area->width), static_cast<int>(area->height),
+                                      QImage::Format_RGB32);
+        if (!output.isNull())
+            warpRows(premultiplied32(image), matrix, *area, 0, area->height, output.bits(), output.bytesPerLine());
         return output;
     };
-    ImagePair pair{warp(left, *leftMatrix), warp(right, *rightMatrix)};
+    ImagePair pair{warp(left, area->left), warp(right, area->right)};
     if (pair.left.isNull() || pair.right.isNull())
         return std::nullopt;
     return pair;
+}
+
+bool streamAdjustedPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment,
+                        const std::function<bool(QSize)> &begin, const AdjustedRows &rows)
+{
+    if (left.isNull() || right.isNull() || left.size() != right.size())
+        return false;
+    const auto [l, r] = adjustedCorners(left.width(), left.height(), adjustment);
+    const std::optional<CommonArea> area = commonArea(left.width(), left.height(), l, r);
+    if (!area || !begin(QSize(static_cast<int>(area->width), static_cast<int>(area->height))))
+        return false;
+    const QImage a = premultiplied32(left), b = premultiplied32(right);
+    // Bands small enough that both warped bands stay in the core's cache until consumed.
+    const int64_t bandRows = std::clamp<int64_t>((int64_t{128} << 10) / (area->width * 4), 1, 64);
+    const int64_t stride = area->width * 4;
+    std::atomic<int64_t> next{0};
+    parallelRows(area->height, [&](int64_t, int64_t) {
+        std::vector<uint8_t> bands(static_cast<size_t>(2 * bandRows * stride));
+        uint8_t *bandLeft = bands.data(), *bandRight = bands.data() + bandRows * stride;
+        for (int64_t first; (first = next.fetch_add(bandRows, std::memory_order_relaxed)) < area->height;) {
+            const int64_t count = std::min(bandRows, area->height - first);
+            warpRows(a, area->left, *area, first, count, bandLeft, stride);
+            warpRows(b, area->right, *area, first, count, bandRight, stride);
+            rows(first, count, bandLeft, bandRight, stride);
+        }
+    });
+    return true;
 }
 
 } // namespace Vorel

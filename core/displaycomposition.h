@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -58,6 +59,17 @@ std::optional<ImagePair> adjustPair(const QImage &left, const QImage &right, con
 // both to the largest axis-aligned rectangle inside both moved frames (whole pixels).
 std::optional<ImagePair> warpToCommonArea(const QImage &left, const QImage &right, const CornerPoints &leftCorners,
                                           const CornerPoints &rightCorners);
+
+// The adjusted pair of adjustPair delivered as bands of rows instead of two full-size
+// pictures, for outputs made row by row (anaglyphs, side by side): `begin` gets the size of
+// the common area once (false gives up), then `rows` gets rows [first, first+count) of both
+// warped pictures, 32-bit pixels exactly as in adjustPair's pictures, each row `stride` bytes
+// after the previous. Bands come from both cores at once, each exactly once; the bytes are
+// valid during the call only. False where adjustPair gives none.
+using AdjustedRows = std::function<void(int64_t first, int64_t count, const uint8_t *left, const uint8_t *right,
+                                        int64_t stride)>;
+bool streamAdjustedPair(const QImage &left, const QImage &right, const StereoAdjustment &adjustment,
+                        const std::function<bool(QSize)> &begin, const AdjustedRows &rows);
 
 // Half side-by-side squeeze: width x 0.5 truncated, height unchanged.
 QImage halfWidth(const QImage &image);

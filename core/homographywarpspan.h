@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The scalar per-pixel warp of one row span, shared by the plain kernel and the vector
-// kernel's row tails so both compute every pixel with the same operations.
+// The scalar per-pixel warp of one row span (the formula every kernel reproduces bit for bit)
+// and the row kernels of 4-byte pixels, each in a file compiled for its instruction set.
 #pragma once
 
 #include <cmath>
@@ -13,7 +13,8 @@ namespace Vorel::WarpDetail {
 
 inline constexpr double singularLimit = 1e-12;
 
-// Output pixels x = xBegin .. xBegin+count-1 of row y, written from `out` on.
+// Output pixels x = xBegin .. xBegin+count-1 of row y, written from `out` on. Writes only the
+// sampled channels of the pixels that sample something.
 template <int Channels, int SourceStride, int DestinationStride>
 inline void warpSpan(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t xBegin,
                      int64_t yRow, int64_t count, uint8_t *out)
@@ -48,10 +49,19 @@ inline void warpSpan(const uint8_t *source, const PixelLayout &src, const Perspe
     }
 }
 
-// Rows [rowBegin, rowEnd) of a region with 4-byte pixels, four output pixels at a time with
-// AVX2 (same IEEE operations in the same order, so the same bits). Defined only on x86-64.
-void warpRowsBgrxAvx2(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t x0,
-                      int64_t y0, int64_t width, int64_t rowBegin, int64_t rowEnd, uint8_t *destination,
-                      int64_t destinationRowStride);
+// One output row of 4-byte pixels, 3 channels sampled: pixels x0 .. x0+width-1 of row y into
+// out[0 .. width-1]. Every pixel is written: `background` where nothing is sampled, else the
+// three sampled bytes and the fourth byte of `background`. `inv` is the inverse matrix.
+using BgrxRowKernel = void (*)(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv,
+                               int64_t x0, int64_t y, int64_t width, uint32_t *out, uint32_t background);
+
+void warpRowBgrxScalar(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t x0,
+                       int64_t y, int64_t width, uint32_t *out, uint32_t background);
+// Four pixels at a time; compiled with -mavx2, defined only on x86-64.
+void warpRowBgrxAvx2(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t x0,
+                     int64_t y, int64_t width, uint32_t *out, uint32_t background);
+// Eight pixels at a time; compiled with AVX-512 F/DQ/BW/VL, defined only on x86-64.
+void warpRowBgrxAvx512(const uint8_t *source, const PixelLayout &src, const PerspectiveMatrix &inv, int64_t x0,
+                       int64_t y, int64_t width, uint32_t *out, uint32_t background);
 
 } // namespace Vorel::WarpDetail

@@ -179,7 +179,7 @@ TEST(ChannelTables, Avx512KernelMapsLikeTheScalarLoop)
             entry = static_cast<uint8_t>(random());
     for (const int64_t n : {0, 1, 15, 16, 17, 1000})
         for (const int64_t offset : {0, 1, 7}) { // output start against the 64-byte lines
-            std::vector<uint32_t> in(static_cast<size_t>(n)), want(in.size()), got(in.size() + 16);
+            std::vector<uint32_t> in(static_cast<size_t>(n)), want(in.size()), got(in.size() + 32);
             for (uint32_t &pixel : in)
                 pixel = static_cast<uint32_t>(random()); // any alpha: the output is opaque
             uint32_t *out = got.data() + (-reinterpret_cast<intptr_t>(got.data()) & 63) / 4 + offset;

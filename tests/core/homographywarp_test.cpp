@@ -1,0 +1,460 @@
+// SPDX-FileCopyrightText: 2026 The Vorel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The warp kernels (scalar, AVX2, AVX-512: whichever this processor runs) against the scalar
+// formula written out here, bit for bit, over random matrices, sizes and regions; and the row
+// copy of identity and integer translations against the general path.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <mutex>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "core/displaycomposition.h"
+#include "core/homographywarp.h"
+
+using namespace Vorel;
+
+namespace {
+
+// Straight from the formula (Part 1.2): inverse through the adjugate, then per output pixel.
+// Writes the whole region: background, or the sampled channels and the background's other
+// bytes.
+std::vector<uint8_t> referenceWarp(const std::vector<uint8_t> &source, const PixelLayout &src,
+                                   const PerspectiveMatrix &m, int64_t x0, int64_t y0, int64_t width, int64_t height,
+                                   const PixelLayout &dst, uint32_t background)
+{
+    uint8_t fill[4];
+    std::memcpy(fill, &background, 4);
+    std::vector<uint8_t> out(static_cast<size_t>(height * dst.rowStride), 0);
+    for (int64_t y = 0; y < height; ++y)
+        for (int64_t x = 0; x < width; ++x)
+            std::memcpy(&out[static_cast<size_t>(y * dst.rowStride + x * dst.pixelStride)], fill,
+                        static_cast<size_t>(dst.pixelStride));
+    const double c00 = m[4] * m[8] - m[5] * m[7], c01 = m[5] * m[6] - m[3] * m[8], c02 = m[3] * m[7] - m[4] * m[6];
+    const double det = m[0] * c00 + m[1] * c01 + m[2] * c02;
+    if (std::fabs(det) < 1e-12)
+        return {};
+    const double inv[9] = {c00 / det,
+                           (m[2] * m[7] - m[1] * m[8]) / det,
+                           (m[1] * m[5] - m[2] * m[4]) / det,
+                           c01 / det,
+                           (m[0] * m[8] - m[2] * m[6]) / det,
+                           (m[2] * m[3] - m[0] * m[5]) / det,
+                           c02 / det,
+                           (m[1] * m[6] - m[0] * m[7]) / det,
+                           (m[0] * m[4] - m[1] * m[3]) / det};
+    for (int64_t row = 0; row < height; ++row)
+        for (int64_t col = 0; col < width; ++col) {
+            const double X = double(x0 + col), Y = double(y0 + row);
+            const double w = inv[6] * X + inv[7] * Y + inv[8];
+            if (std::fabs(w) < 1e-12)
+                continue;
+            const double sx = (inv[0] * X + inv[1] * Y + inv[2]) / w;
+            const double sy = (inv[3] * X + inv[4] * Y + inv[5]) / w;
+            if (!(sx >= 0 && sx < double(src.w - 1) && sy >= 0 && sy < double(src.h - 1)))
+                continue;
+            const int64_t ix = int64_t(sx), iy = int64_t(sy);
+            const double fx = sx - double(ix), fy = sy - double(iy);
+            for (int c = 0; c < src.channels; ++c) {
+                auto p = [&](int64_t xx, int64_t yy) {
+                    return double(source[static_cast<size_t>(yy * src.rowStride + xx * src.pixelStride + c)]);
+                };
+                const double v = (1 - fx) * (1 - fy) * p(ix, iy) + fx * (1 - fy) * p(ix + 1, iy) +
+                                 (1 - fx) * fy * p(ix, iy + 1) + fx * fy * p(ix + 1, iy + 1) + 0.5;
+                out[static_cast<size_t>(row * dst.rowStride + col * dst.pixelStride + c)] =
+                    v >= 255 ? 255 : uint8_t(v);
+            }
+        }
+    return out;
+}
+
+std::vector<uint8_t> noise(size_t bytes, unsigned seed)
+{
+    std::mt19937 rng(seed);
+    std::vector<uint8_t> data(bytes);
+    for (uint8_t &b : data)
+        b = static_cast<uint8_t>(rng());
+    return data;
+}
+
+// The matrix mapping the frame corners onto moved corners, solved directly (Gaussian elimination
+// as in perspectiveTransform; the kernels only need some matrix).
+PerspectiveMatrix frameTo(double w, double h, const double (&to)[4][2])
+{
+    const double from[4][2] = {{0, 0}, {w, 0}, {w, h}, {0, h}};
+    double a[8][9] = {};
+    for (int i = 0; i < 4; ++i) {
+        const double x = from[i][0], y = from[i][1], u = to[i][0], v = to[i][1];
+        double *r0 = a[2 * i], *r1 = a[2 * i + 1];
+        r0[0] = x, r0[1] = y, r0[2] = 1, r0[6] = -x * u, r0[7] = -y * u, r0[8] = u;
+        r1[3] = x, r1[4] = y, r1[5] = 1, r1[6] = -x * v, r1[7] = -y * v, r1[8] = v;
+    }
+    for (int col = 0; col < 8; ++col) {
+        int pivot = col;
+        for (int r = col + 1; r < 8; ++r)
+            if (std::fabs(a[r][col]) > std::fabs(a[pivot][col]))
+                pivot = r;
+        std::swap(a[pivot], a[col]);
+        for (int r = col + 1; r < 8; ++r) {
+            const double f = a[r][col] / a[col][col];
+            for (int c = col; c < 9; ++c)
+                a[r][c] -= f * a[col][c];
+        }
+    }
+    PerspectiveMatrix m{};
+    for (int i = 7; i >= 0; --i) {
+        double s = a[i][8];
+        for (int j = i + 1; j < 8; ++j)
+            s -= a[i][j] * m[j];
+        m[i] = s / a[i][i];
+    }
+    m[8] = 1;
+    return m;
+}
+
+// Random matrices of every kind the kernels treat differently: mild perspective (the display
+// adjustments), strong perspective with the horizon inside the frame (|w'| < 1e-12 and
+// negative w'), affine ones with an exact (0, 0, 1) last row (no division), mirrored and
+// rotated ones (pixels not in increasing memory order), magnifications and reductions.
+std::vector<PerspectiveMatrix> randomMatrices(int64_t w, int64_t h, unsigned seed)
+{
+    std::mt19937 rng(seed);
+    std::uniform_real_distribution<double> unit(-1, 1);
+    const double W = double(w), H = double(h);
+    std::vector<PerspectiveMatrix> matrices;
+    for (int i = 0; i < 6; ++i) { // mild: corners moved by a few percent
+        double to[4][2] = {{0, 0}, {W, 0}, {W, H}, {0, H}};
+        for (auto &p : to) {
+            p[0] += unit(rng) * 0.04 * W;
+            p[1] += unit(rng) * 0.04 * H;
+        }
+        matrices.push_back(frameTo(W, H, to));
+    }
+    for (int i = 0; i < 3; ++i) { // strong perspective
+        double to[4][2] = {{0, 0}, {W, 0}, {W, H}, {0, H}};
+        for (auto &p : to) {
+            p[0] += unit(rng) * 0.6 * W;
+            p[1] += unit(rng) * 0.6 * H;
+        }
+        matrices.push_back(frameTo(W, H, to));
+    }
+    const double angle = unit(rng) * 3.2, scale = 1 + unit(rng) * 0.5;
+    const double c = std::cos(angle) * scale, s = std::sin(angle) * scale;
+    matrices.push_back({c, -s, W * unit(rng), s, c, H * unit(rng), 0, 0, 1});   // rotation, exact affine
+    matrices.push_back({-1, 0, W - 1, 0, 1, 0, 0, 0, 1});                        // mirror
+    matrices.push_back({0, 1, 0, 1, 0, 0, 0, 0, 1});                             // transpose
+    matrices.push_back({0.37, 0.01, 2.5, -0.02, 0.41, 1.25, 0, 0, 1});           // magnified ~2.6x
+    matrices.push_back({2.9, 0.2, -3, 0.1, 3.1, -1, 0, 0, 1});                   // reduced ~3x
+    matrices.push_back({1, 0, 0.5, 0, 1, -0.25, 0, 0, 1});                       // half-pixel shift
+    matrices.push_back({1, 0, 0, 0, 1, 0, -1.0 / std::max(W, 2.0), 0, 1});       // horizon at x = W
+    matrices.push_back({1.01, 0.002, -3, -0.003, 0.99, 2, 1e-5, -2e-5, 1});     // display-like
+    return matrices;
+}
+
+struct Frame {
+    int64_t w, h;
+};
+
+std::string name(WarpKernel kernel)
+{
+    switch (kernel) {
+    case WarpKernel::scalar:
+        return "scalar";
+    case WarpKernel::avx2:
+        return "avx2";
+    case WarpKernel::avx512:
+        return "avx512";
+    default:
+        return "automatic";
+    }
+}
+
+const WarpKernel allKernels[] = {WarpKernel::automatic, WarpKernel::scalar, WarpKernel::avx2, WarpKernel::avx512};
+
+// One warp of 4-byte pixels with the given kernel (and no row copy), output rows padded.
+std::vector<uint8_t> warpBgrx(const std::vector<uint8_t> &source, const PixelLayout &src, const PerspectiveMatrix &m,
+                              int64_t x0, int64_t y0, int64_t width, int64_t height, const PixelLayout &dst,
+                              uint32_t background, WarpOptions options)
+{
+    std::vector<uint8_t> out(static_cast<size_t>(height * dst.rowStride), 0xcd);
+    if (!warpPerspectiveRegion(source.data(), src, m, x0, y0, width, height, out.data(), dst, background, options))
+        return {};
+    // Bytes between rows are not the warp's: compare them equal to the reference's zeros.
+    for (int64_t y = 0; y < height; ++y)
+        std::fill(out.begin() + y * dst.rowStride + width * dst.pixelStride, out.begin() + (y + 1) * dst.rowStride, 0);
+    return out;
+}
+
+class WarpKernelTable : public testing::TestWithParam<Frame> {};
+
+// Every kernel this processor runs equals the formula on every byte, over the whole frame and
+// over regions reaching outside it, with padded source rows and two backgrounds.
+TEST_P(WarpKernelTable, EveryKernelEqualsTheScalarFormula)
+{
+    const Frame f = GetParam();
+    const PixelLayout src{f.w, f.h, f.w * 4 + 8, 4, 3};
+    const std::vector<uint8_t> source = noise(static_cast<size_t>(f.h * src.rowStride), unsigned(f.w * 31 + f.h));
+    struct Region {
+        int64_t x0, y0, width, height;
+    };
+    const std::vector<Region> regions = {
+        {0, 0, f.w, f.h}, {f.w / 3, f.h / 4, f.w - f.w / 3, (f.h + 1) / 2}, {-5, -3, f.w + 11, f.h + 7}};
+    int checked = 0;
+    for (const PerspectiveMatrix &m : randomMatrices(f.w, f.h, unsigned(f.w + 7 * f.h)))
+        for (const Region &r : regions) {
+            if (r.width <= 0 || r.height <= 0)
+                continue;
+            for (const uint32_t background : {0xff000000u, 0x5a3c1e07u}) {
+                const PixelLayout dst{r.width, r.height, r.width * 4 + 4, 4, 3};
+                const std::vector<uint8_t> want =
+                    referenceWarp(source, src, m, r.x0, r.y0, r.width, r.height, dst, background);
+                for (const WarpKernel kernel : allKernels) {
+                    if (!warpKernelAvailable(kernel))
+                        continue;
+                    const std::vector<uint8_t> have =
+                        warpBgrx(source, src, m, r.x0, r.y0, r.width, r.height, dst, background, {kernel, false});
+                    ASSERT_EQ(have.size(), want.size()) << name(kernel);
+                    if (have != want) {
+                        const size_t i = size_t(std::mismatch(have.begin(), have.end(), want.begin()).first - have.begin());
+                        FAIL() << name(kernel) << " " << f.w << "x" << f.h << " region " << r.x0 << "," << r.y0 << " "
+                               << r.width << "x" << r.height << " pixel (" << (i % dst.rowStride) / 4 << ","
+                               << i / dst.rowStride << ") byte " << i % 4 << ": " << int(have[i]) << " instead of "
+                               << int(want[i]) << "; matrix " << m[0] << " " << m[1] << " " << m[2] << " / " << m[3]
+                               << " " << m[4] << " " << m[5] << " / " << m[6] << " " << m[7];
+                    }
+                    ++checked;
+                }
+            }
+        }
+    EXPECT_GT(checked, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, WarpKernelTable,
+                         testing::Values(Frame{1, 1}, Frame{2, 2}, Frame{1, 7}, Frame{9, 1}, Frame{3, 5},
+                                         Frame{7, 4}, Frame{17, 9}, Frame{33, 21}, Frame{63, 40}, Frame{129, 131},
+                                         Frame{301, 199}),
+                         [](const testing::TestParamInfo<Frame> &info) {
+                             return std::to_string(info.param.w) + "x" + std::to_string(info.param.h);
+                         });
+
+// A large display-like pair over both cores: rows split in blocks, same bytes as one core's
+// formula; the source rows are a column view of a wider picture (row stride of twice the width).
+TEST(WarpKernelTable, LargeDisplayWarpEqualsTheFormula)
+{
+    const int64_t w = 1531, h = 1027;
+    const PixelLayout wide{2 * w, h, 2 * w * 4, 4, 3};
+    const std::vector<uint8_t> picture = noise(static_cast<size_t>(h * wide.rowStride), 99);
+    const PixelLayout right{w, h, wide.rowStride, 4, 3};
+    std::vector<uint8_t> view(picture.begin() + w * 4, picture.end()); // columns w .. 2w-1
+    const double to[4][2] = {{9.5, -7.25}, {w + 3.75, 4.5}, {w - 12.0, h + 6.125}, {-4.0, h - 2.5}};
+    const PerspectiveMatrix m = frameTo(double(w), double(h), to);
+    const PixelLayout dst{w - 20, h - 30, (w - 20) * 4, 4, 3};
+    const std::vector<uint8_t> want = referenceWarp(view, right, m, 10, 15, w - 20, h - 30, dst, 0xff000000u);
+    for (const WarpKernel kernel : allKernels) {
+        if (!warpKernelAvailable(kernel))
+            continue;
+        const std::vector<uint8_t> have = warpBgrx(view, right, m, 10, 15, w - 20, h - 30, dst, 0xff000000u, {kernel, true});
+        EXPECT_TRUE(have == want) << name(kernel);
+    }
+}
+
+// Pixels in guarded memory: the page before the first byte and the page after the last byte
+// cannot be read, so a kernel that reads outside the picture (a vector load past its last
+// pixel, say) crashes the test.
+class GuardedPixels {
+public:
+    GuardedPixels(size_t bytes, bool endAtGuard)
+    {
+        const size_t page = size_t(sysconf(_SC_PAGESIZE));
+        const size_t inner = (bytes + page - 1) / page * page;
+        span_ = inner + 2 * page;
+        auto *base = static_cast<uint8_t *>(mmap(nullptr, span_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+        mapping_ = base;
+        mprotect(base + page, inner, PROT_READ | PROT_WRITE);
+        data_ = endAtGuard ? base + page + inner - bytes : base + page;
+        const std::vector<uint8_t> values = noise(bytes, unsigned(bytes));
+        std::copy(values.begin(), values.end(), data_);
+        bytes_ = bytes;
+    }
+    ~GuardedPixels() { munmap(mapping_, span_); }
+    const uint8_t *data() const { return data_; }
+    std::vector<uint8_t> copy() const { return std::vector<uint8_t>(data_, data_ + bytes_); }
+
+private:
+    void *mapping_ = nullptr;
+    uint8_t *data_ = nullptr;
+    size_t span_ = 0, bytes_ = 0;
+};
+
+// Regions along the last and first source rows and columns, at every alignment of the eight-
+// pixel blocks, with sub-pixel shifts: every kernel stays inside the picture's bytes (the last
+// row has no padding here) and equals the formula.
+TEST(WarpKernelTable, KernelsReadOnlyThePicturesBytes)
+{
+    const int64_t w = 45, h = 7;
+    const PixelLayout src{w, h, w * 4, 4, 3};
+    const size_t bytes = size_t((h - 1) * src.rowStride + w * 4);
+    const PerspectiveMatrix shifts[] = {{1, 0, 0.5, 0, 1, 0.75, 0, 0, 1},
+                                        {1, 0, -0.5, 0, 1, -0.25, 0, 0, 1},
+                                        {0.999, 0, 0.01, 0, 1, 0.5, 1e-6, 0, 1},
+                                        {-1, 0, w - 1.5, 0, -1, h - 1.5, 0, 0, 1}};
+    for (const bool endAtGuard : {true, false}) {
+        const GuardedPixels pixels(bytes, endAtGuard);
+        const std::vector<uint8_t> copy = pixels.copy();
+        for (const PerspectiveMatrix &m : shifts)
+            for (int64_t x0 = -16; x0 <= 16; ++x0) {
+                const PixelLayout dst{w, h, w * 4, 4, 3};
+                const std::vector<uint8_t> want = referenceWarp(copy, src, m, x0, 0, w, h, dst, 0xff000000u);
+                for (const WarpKernel kernel : allKernels) {
+                    if (!warpKernelAvailable(kernel))
+                        continue;
+                    std::vector<uint8_t> have(want.size());
+                    ASSERT_TRUE(warpPerspectiveRegion(pixels.data(), src, m, x0, 0, w, h, have.data(), dst,
+                                                      0xff000000u, {kernel, false}));
+                    EXPECT_TRUE(have == want) << name(kernel) << " x0 " << x0;
+                }
+            }
+    }
+}
+
+TEST(WarpKernelTable, AutomaticTakesTheWidestKernelAndScalarAlwaysRuns)
+{
+    EXPECT_TRUE(warpKernelAvailable(WarpKernel::scalar));
+    EXPECT_TRUE(warpKernelAvailable(WarpKernel::automatic));
+#if defined(__x86_64__)
+    EXPECT_EQ(warpKernelAvailable(WarpKernel::avx2), bool(__builtin_cpu_supports("avx2")));
+    if (!warpKernelAvailable(WarpKernel::avx512))
+        std::printf("note: this processor does not run the AVX-512 kernel; it was not checked\n");
+#endif
+}
+
+// Identity and integer translations: the row copy equals the general path of every kernel on
+// every byte (the last row and column black, pixels outside the source black), for 4-byte,
+// RGB and gray layouts.
+TEST(WarpRowCopy, IdentityAndIntegerTranslationsEqualTheGeneralPath)
+{
+    const int64_t w = 203, h = 77;
+    const PerspectiveMatrix translations[] = {{1, 0, 0, 0, 1, 0, 0, 0, 1},    {1, 0, 12, 0, 1, 0, 0, 0, 1},
+                                              {1, 0, -7, 0, 1, 3, 0, 0, 1},   {1, 0, 0, 0, 1, -40, 0, 0, 1},
+                                              {1, 0, 250, 0, 1, 0, 0, 0, 1},  {1, 0, -1, 0, 1, -1, 0, 0, 1},
+                                              {1, -0.0, 5, 0, 1, 2, -0.0, 0, 1}};
+    for (const PerspectiveMatrix &m : translations) {
+        EXPECT_TRUE(warpCopiesRows(m)) << m[2] << "," << m[5];
+        for (const int pixelStride : {4, 3, 1}) {
+            const int channels = pixelStride == 4 ? 3 : pixelStride;
+            const PixelLayout src{w, h, w * pixelStride + (pixelStride == 4 ? 4 : 0), pixelStride, channels};
+            const std::vector<uint8_t> source = noise(static_cast<size_t>(h * src.rowStride), 5);
+            for (const int64_t x0 : {int64_t{0}, int64_t{-9}, int64_t{31}}) {
+                const int64_t width = w - 20, height = h - 5, y0 = x0 / 3;
+                const PixelLayout dst{width, height, width * pixelStride, pixelStride, channels};
+                const uint32_t background = pixelStride == 4 ? 0xff000000u : 0;
+                std::vector<uint8_t> copied(static_cast<size_t>(height * dst.rowStride));
+                ASSERT_TRUE(warpPerspectiveRegion(source.data(), src, m, x0, y0, width, height, copied.data(), dst,
+                                                  background, {WarpKernel::automatic, true}));
+                EXPECT_EQ(copied, referenceWarp(source, src, m, x0, y0, width, height, dst, background))
+                    << "stride " << pixelStride << " matrix " << m[2] << "," << m[5];
+                for (const WarpKernel kernel : allKernels) {
+                    if (!warpKernelAvailable(kernel))
+                        continue;
+                    std::vector<uint8_t> computed(copied.size());
+                    ASSERT_TRUE(warpPerspectiveRegion(source.data(), src, m, x0, y0, width, height, computed.data(),
+                                                      dst, background, {kernel, false}));
+                    EXPECT_EQ(copied, computed) << name(kernel) << " stride " << pixelStride;
+                }
+            }
+        }
+    }
+}
+
+TEST(WarpRowCopy, OnlyExactTranslationsAreCopied)
+{
+    EXPECT_FALSE(warpCopiesRows({1, 0, 0.5, 0, 1, 0, 0, 0, 1}));
+    EXPECT_FALSE(warpCopiesRows({1, 0, 3, 0, 1, 0, 1e-300, 0, 1}));
+    EXPECT_FALSE(warpCopiesRows({1 + 1e-16 * 2, 0, 0, 0, 1, 0, 0, 0, 1}));
+    EXPECT_TRUE(warpCopiesRows({1, 0, -3, 0, 1, 4, 0, 0, 1}));
+}
+
+TEST(WarpRowCopy, SingularMatrixWritesNothing)
+{
+    const PixelLayout layout{4, 4, 16, 4, 3};
+    std::vector<uint8_t> source(64, 7), out(64, 0xee);
+    EXPECT_FALSE(warpPerspectiveRegion(source.data(), layout, {1, 2, 3, 2, 4, 6, 0, 0, 1}, 0, 0, 4, 4, out.data(),
+                                       layout, 0xff000000u));
+    EXPECT_EQ(out, std::vector<uint8_t>(64, 0xee));
+}
+
+QImage noiseImage(int w, int h, unsigned seed)
+{
+    QImage image(w, h, QImage::Format_RGB32);
+    const std::vector<uint8_t> bytes = noise(size_t(w) * size_t(h) * 4, seed);
+    for (int y = 0; y < h; ++y)
+        std::memcpy(image.scanLine(y), bytes.data() + size_t(y) * size_t(w) * 4, size_t(w) * 4);
+    return image;
+}
+
+// The band stream of the adjusted pair carries exactly adjustPair's pixels, every row once.
+TEST(StreamAdjustedPair, BandsEqualAdjustPair)
+{
+    const struct {
+        int w, h;
+        StereoAdjustment a;
+    } cases[] = {{1, 1, {}},
+                 {97, 61, {}},
+                 {97, 61, {3, -2, 0, 0}},
+                 {640, 480, {1, 0.5, 0.3, 0.5}},
+                 {1203, 517, {-2.5, 1.25, -7, 12}},
+                 {300, 200, {250, 0, 0, 0}}};
+    for (const auto &c : cases) {
+        const QImage left = noiseImage(c.w, c.h, 1), right = noiseImage(c.w, c.h, 2);
+        const std::optional<ImagePair> pair = adjustPair(left, right, c.a);
+        QImage streamedLeft, streamedRight;
+        std::vector<int> seen;
+        std::mutex lock;
+        const bool streamed = streamAdjustedPair(
+            left, right, c.a,
+            [&](QSize size) {
+                streamedLeft = QImage(size, QImage::Format_RGB32);
+                streamedRight = QImage(size, QImage::Format_RGB32);
+                seen.assign(size_t(size.height()), 0);
+                return true;
+            },
+            [&](int64_t first, int64_t count, const uint8_t *l, const uint8_t *r, int64_t stride) {
+                for (int64_t y = 0; y < count; ++y) {
+                    std::memcpy(streamedLeft.scanLine(int(first + y)), l + y * stride, size_t(streamedLeft.width()) * 4);
+                    std::memcpy(streamedRight.scanLine(int(first + y)), r + y * stride, size_t(streamedLeft.width()) * 4);
+                }
+                const std::lock_guard guard(lock);
+                for (int64_t y = first; y < first + count; ++y)
+                    ++seen[size_t(y)];
+            });
+        ASSERT_EQ(streamed, bool(pair)) << c.w << "x" << c.h;
+        if (!pair)
+            continue;
+        EXPECT_EQ(seen, std::vector<int>(seen.size(), 1));
+        EXPECT_TRUE(streamedLeft == pair->left) << c.w << "x" << c.h;
+        EXPECT_TRUE(streamedRight == pair->right) << c.w << "x" << c.h;
+    }
+}
+
+TEST(StreamAdjustedPair, GivingUpAtTheSizeStreamsNothing)
+{
+    const QImage image = noiseImage(50, 40, 3);
+    int bands = 0;
+    EXPECT_FALSE(streamAdjustedPair(
+        image, image, {}, [](QSize size) { return size != QSize(50, 40); },
+        [&](int64_t, int64_t, const uint8_t *, const uint8_t *, int64_t) { ++bands; }));
+    EXPECT_EQ(bands, 0);
+    EXPECT_FALSE(streamAdjustedPair(image, noiseImage(50, 41, 3), {}, [](QSize) { return true; },
+                                    [&](int64_t, int64_t, const uint8_t *, const uint8_t *, int64_t) { ++bands; }));
+    EXPECT_EQ(bands, 0);
+}
+
+} // namespace
