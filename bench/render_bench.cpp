@@ -137,10 +137,12 @@ void BM_WarpKernel24MP(benchmark::State &state)
     const CornerPoints frame{{{0, 0}, {6000, 0}, {6000, 4000}, {0, 4000}}};
     const PerspectiveMatrix ml = *perspectiveTransform(frame, l), mr = *perspectiveTransform(frame, r);
     // The common area, as adjustPair cuts it.
-    const int64_t x0 = int64_t(std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x}));
-    const int64_t y0 = int64_t(std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y}));
-    const int64_t w = int64_t(std::min({6000.0f, l[1].x, l[2].x, r[1].x, r[2].x}) - std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x}));
-    const int64_t h = int64_t(std::min({4000.0f, l[2].y, l[3].y, r[2].y, r[3].y}) - std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y}));
+    const float leftBound = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});
+    const float topBound = std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y});
+    const float rightBound = std::min({6000.0f, l[1].x, l[2].x, r[1].x, r[2].x});
+    const float bottomBound = std::min({4000.0f, l[2].y, l[3].y, r[2].y, r[3].y});
+    const int64_t x0 = int64_t(leftBound), y0 = int64_t(topBound);
+    const int64_t w = int64_t(rightBound - leftBound), h = int64_t(bottomBound - topBound);
     const PixelLayout source{6000, 4000, 6000 * 4, 4, 3}, target{w, h, w * 4, 4, 3};
     std::vector<uint32_t> outL(size_t(w * h)), outR(size_t(w * h));
     for (auto _ : state) {
@@ -151,9 +153,16 @@ void BM_WarpKernel24MP(benchmark::State &state)
         benchmark::DoNotOptimize(outL.data());
         benchmark::DoNotOptimize(outR.data());
     }
-    state.counters["MP/s"] = benchmark::Counter(double(2 * w * h) * 1e-6, benchmark::Counter::kIsIterationInvariantRate);
+    state.counters["MP/s"] =
+        benchmark::Counter(double(2 * w * h) * 1e-6, benchmark::Counter::kIsIterationInvariantRate);
 }
-BENCHMARK(BM_WarpKernel24MP)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+BENCHMARK(BM_WarpKernel24MP)
+    ->Arg(0)
+    ->Arg(1)
+    ->Arg(2)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
 
 // Nothing adjusted: the solved matrices are exactly the identity, so the render is a row copy
 // (arg 1); arg 0 computes the same bytes through the per-pixel kernel, for comparison.

@@ -160,7 +160,8 @@ void copyPixels(const uint8_t *in, uint8_t *out, int64_t count, int channels, in
         const uint32_t rest = background & ~keep;
         int64_t i = 0;
 #if defined(__SSE2__)
-        const __m128i keepVector = _mm_set1_epi32(static_cast<int>(keep)), restVector = _mm_set1_epi32(static_cast<int>(rest));
+        const __m128i keepVector = _mm_set1_epi32(static_cast<int>(keep));
+        const __m128i restVector = _mm_set1_epi32(static_cast<int>(rest));
         for (; i + 4 <= count; i += 4) {
             const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(in + i * 4));
             _mm_storeu_si128(reinterpret_cast<__m128i *>(out + i * 4),

@@ -29,8 +29,8 @@ __m512i byteToLane(int first)
     return _mm512_set_epi64(odd, even, odd, even, odd, even, odd, even);
 }
 
-// Each 64-bit lane of `pixels` holds two neighbouring source pixels (left one low); the
-// double of byte `lane` as picked by `shuffle`.
+// Each 64-bit lane of `pixels` holds two neighbouring source pixels (left one low); the byte
+// that `shuffle` picks in each lane, as a double.
 inline __m512d channel(__m512i pixels, __m512i shuffle)
 {
     return _mm512_cvtepi64_pd(_mm512_shuffle_epi8(pixels, shuffle));
@@ -60,8 +60,10 @@ inline bool pixelsFromWindows(const uint8_t *source, __m512i offset, __mmask8 ok
     if (static_cast<__mmask8>(inA | inB) != ok)
         return false;
     // Pixel index within the 32 of both windows, then the pair (q, q+1) as two 32-bit indices.
-    const __m512i q = _mm512_srli_epi64(_mm512_mask_blend_epi64(inA, _mm512_add_epi64(relB, _mm512_set1_epi64(64)), relA), 2);
-    const __m512i pairs = _mm512_add_epi64(_mm512_add_epi64(q, _mm512_slli_epi64(q, 32)), _mm512_set1_epi64(int64_t{1} << 32));
+    const __m512i fromB = _mm512_add_epi64(relB, _mm512_set1_epi64(64));
+    const __m512i q = _mm512_srli_epi64(_mm512_mask_blend_epi64(inA, fromB, relA), 2);
+    const __m512i pairs =
+        _mm512_add_epi64(_mm512_add_epi64(q, _mm512_slli_epi64(q, 32)), _mm512_set1_epi64(int64_t{1} << 32));
     const uint8_t *pa = source + a, *pb = source + b;
     upper = _mm512_permutex2var_epi32(_mm512_loadu_si512(pa), pairs, _mm512_loadu_si512(pb));
     lower = _mm512_permutex2var_epi32(_mm512_loadu_si512(pa + rowStride), pairs, _mm512_loadu_si512(pb + rowStride));

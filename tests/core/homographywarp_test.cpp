@@ -223,7 +223,8 @@ TEST_P(WarpKernelTable, EveryKernelEqualsTheScalarFormula)
                         warpBgrx(source, src, m, r.x0, r.y0, r.width, r.height, dst, background, {kernel, false});
                     ASSERT_EQ(have.size(), want.size()) << name(kernel);
                     if (have != want) {
-                        const size_t i = size_t(std::mismatch(have.begin(), have.end(), want.begin()).first - have.begin());
+                        const size_t i =
+                            size_t(std::mismatch(have.begin(), have.end(), want.begin()).first - have.begin());
                         FAIL() << name(kernel) << " " << f.w << "x" << f.h << " region " << r.x0 << "," << r.y0 << " "
                                << r.width << "x" << r.height << " pixel (" << (i % dst.rowStride) / 4 << ","
                                << i / dst.rowStride << ") byte " << i % 4 << ": " << int(have[i]) << " instead of "
@@ -261,7 +262,8 @@ TEST(WarpKernelTable, LargeDisplayWarpEqualsTheFormula)
     for (const WarpKernel kernel : allKernels) {
         if (!warpKernelAvailable(kernel))
             continue;
-        const std::vector<uint8_t> have = warpBgrx(view, right, m, 10, 15, w - 20, h - 30, dst, 0xff000000u, {kernel, true});
+        const std::vector<uint8_t> have =
+            warpBgrx(view, right, m, 10, 15, w - 20, h - 30, dst, 0xff000000u, {kernel, true});
         EXPECT_TRUE(have == want) << name(kernel);
     }
 }
@@ -427,9 +429,10 @@ TEST(StreamAdjustedPair, BandsEqualAdjustPair)
                 return true;
             },
             [&](int64_t first, int64_t count, const uint8_t *l, const uint8_t *r, int64_t stride) {
+                const size_t bytes = size_t(streamedLeft.width()) * 4;
                 for (int64_t y = 0; y < count; ++y) {
-                    std::memcpy(streamedLeft.scanLine(int(first + y)), l + y * stride, size_t(streamedLeft.width()) * 4);
-                    std::memcpy(streamedRight.scanLine(int(first + y)), r + y * stride, size_t(streamedLeft.width()) * 4);
+                    std::memcpy(streamedLeft.scanLine(int(first + y)), l + y * stride, bytes);
+                    std::memcpy(streamedRight.scanLine(int(first + y)), r + y * stride, bytes);
                 }
                 const std::lock_guard guard(lock);
                 for (int64_t y = first; y < first + count; ++y)
