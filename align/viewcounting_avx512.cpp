@@ -27,7 +27,7 @@ constexpr int64_t blockPixels = 1024;        // pixels whose rounded luminances 
 constexpr double smallestBinadeSum = 256;     // from here on every Y (at most 255) is below 2^e
 constexpr uint64_t exponentBits = 0x7ff0000000000000ull;
 constexpr uint64_t mantissaBits = 0x000fffffffffffffull;
-constexpr uint64_t binadeUlps = 1ull << 53;  // a binade [2^e, 2^(e+1)) holds 2^52 ulps from 2^e
+constexpr uint64_t binadeEnd = 1ull << 53;   // 2^(e+1) / u: sums at or past it round on a coarser grid
 
 inline __m512d channel(__m256i pixels, int shift)
 {
@@ -84,8 +84,9 @@ std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx, LevelCount
     // The bits of 2^e + k u are those of 2^e plus k; sums wrap modulo 2^64 to the exact count.
     const uint64_t count = static_cast<uint64_t>(_mm512_reduce_add_epi64(units)) -
                            static_cast<uint64_t>(blockPixels) * std::bit_cast<uint64_t>(binade);
+    // Every partial sum plus the next Y stays below sum + (count + 1/2) u; keep it in the binade.
     const uint64_t mantissa = (bits & mantissaBits) | (1ull << 52); // sum / u
-    if (mantissa + count + 1 >= binadeUlps)
+    if (mantissa + count + 1 >= binadeEnd)
         return std::nullopt;
     return sum + static_cast<double>(count) * ulp;
 }
