@@ -31,4 +31,27 @@ std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second,
     return output;
 }
 
+std::optional<QImage> composeAdjustedAnaglyph(const QImage &left, const QImage &right,
+                                              const StereoAdjustment &adjustment, bool swapped, int kind)
+{
+    // Band by band from the warp: the two full-size adjusted pictures never exist.
+    QImage output;
+    const AnaglyphDetail::AnaglyphRow row = AnaglyphDetail::anaglyphRow(kind);
+    const bool composed = streamAdjustedPair(
+        left, right, adjustment,
+        [&](QSize size) {
+            output = newLargeImage(size.width(), size.height(), QImage::Format_RGB32);
+            return !output.isNull();
+        },
+        [&](int64_t first, int64_t count, const uint8_t *l, const uint8_t *r, int64_t stride) {
+            for (int64_t y = 0; y < count; ++y) {
+                const auto *a = reinterpret_cast<const uint32_t *>(l + y * stride);
+                const auto *b = reinterpret_cast<const uint32_t *>(r + y * stride);
+                row(swapped ? b : a, swapped ? a : b, reinterpret_cast<uint32_t *>(output.scanLine(int(first + y))),
+                    output.width());
+            }
+        });
+    return composed ? std::optional(output) : std::nullopt;
+}
+
 } // namespace Vorel

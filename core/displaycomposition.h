@@ -76,7 +76,10 @@ QImage halfWidth(const QImage &image);
 
 // kind 0 gray, 1 colour, 2 Dubois (anything else: gray). Equal sizes required.
 std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second, int kind);
-RgbBuffer composeAnaglyph(const RgbBuffer &first, const RgbBuffer &second, int kind);
+// The anaglyph of the adjusted pair (first and second exchanged when `swapped`), composed from
+// the warp's row bands; the same bits as composeAnaglyph of adjustPair's pictures.
+std::optional<QImage> composeAdjustedAnaglyph(const QImage &left, const QImage &right,
+                                              const StereoAdjustment &adjustment, bool swapped, int kind);
 
 // first | second on one canvas, bottom-aligned, transparent where nothing is drawn.
 QImage composeSideBySide(const QImage &first, const QImage &second);

@@ -72,11 +72,16 @@ void StereoImageProcessor::resetAfterLoad(bool resetHistory)
         history.push(pair->left, pair->right);
 }
 
-std::optional<ImagePair> StereoImageProcessor::renderInputs(bool useCache) const
+std::pair<const std::optional<QImage> &, const std::optional<QImage> &>
+StereoImageProcessor::sources(bool useCache) const
 {
     const bool preview = nTab == previewTab && useCache;
-    const std::optional<QImage> &left = preview ? cachedLeft : leftOriginal;
-    const std::optional<QImage> &right = preview ? cachedRight : rightOriginal;
+    return {preview ? cachedLeft : leftOriginal, preview ? cachedRight : rightOriginal};
+}
+
+std::optional<ImagePair> StereoImageProcessor::renderInputs(bool useCache) const
+{
+    const auto [left, right] = sources(useCache);
     if (!left || !right)
         return std::nullopt;
     return adjustPair(*left, *right, adjustment);
@@ -100,11 +105,10 @@ std::optional<ImagePair> StereoImageProcessor::render(bool useCache) const
 
 std::optional<QImage> StereoImageProcessor::renderAnaglyph(int kind, bool useCache) const
 {
-    const std::optional<ImagePair> adjusted = renderInputs(useCache);
-    if (!adjusted)
+    const auto [left, right] = sources(useCache);
+    if (!left || !right)
         return std::nullopt;
-    return isSwap ? composeAnaglyph(adjusted->right, adjusted->left, kind)
-                  : composeAnaglyph(adjusted->left, adjusted->right, kind);
+    return composeAdjustedAnaglyph(*left, *right, adjustment, isSwap, kind);
 }
 
 void StereoImageProcessor::makePreviewCache(int maxWidth, int maxHeight)

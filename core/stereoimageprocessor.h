@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include <QImage>
 #include <QRectF>
@@ -77,6 +78,8 @@ public:
 
 private:
     void resetAfterLoad(bool resetHistory);
+    // The pictures rendering starts from: the preview copies on the adjustment page when allowed.
+    std::pair<const std::optional<QImage> &, const std::optional<QImage> &> sources(bool useCache) const;
     std::optional<ImagePair> renderInputs(bool useCache) const;
     bool replaceByAdjusted(const std::function<std::optional<QImage>(const QImage &)> &change);
 };
