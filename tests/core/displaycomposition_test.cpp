@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "core/displaycomposition.h"
+#include "tests/core/referencewarp.h"
 
 using namespace Vorel;
 
@@ -22,39 +23,11 @@ QImage noise(int w, int h, unsigned seed)
     return image;
 }
 
-// Straight from the formula: full-frame warp of an RGB buffer, no regions, no threads.
+// The whole frame of an RGB buffer, black where nothing maps.
 std::vector<uint8_t> referenceWarp(const RgbBuffer &src, const PerspectiveMatrix &m)
 {
-    const double det = m[0] * (m[4] * m[8] - m[5] * m[7]) + m[1] * (m[5] * m[6] - m[3] * m[8]) +
-                       m[2] * (m[3] * m[7] - m[4] * m[6]);
-    std::vector<uint8_t> out(src.data.size(), 0);
-    if (std::fabs(det) < 1e-12)
-        return out;
-    const double inv[9] = {(m[4] * m[8] - m[5] * m[7]) / det, (m[2] * m[7] - m[1] * m[8]) / det,
-                           (m[1] * m[5] - m[2] * m[4]) / det, (m[5] * m[6] - m[3] * m[8]) / det,
-                           (m[0] * m[8] - m[2] * m[6]) / det, (m[2] * m[3] - m[0] * m[5]) / det,
-                           (m[3] * m[7] - m[4] * m[6]) / det, (m[1] * m[6] - m[0] * m[7]) / det,
-                           (m[0] * m[4] - m[1] * m[3]) / det};
-    for (int64_t y = 0; y < src.h; ++y)
-        for (int64_t x = 0; x < src.w; ++x) {
-            const double X = double(x), Y = double(y);
-            const double w = inv[6] * X + inv[7] * Y + inv[8];
-            if (std::fabs(w) < 1e-12)
-                continue;
-            const double sx = (inv[0] * X + inv[1] * Y + inv[2]) / w;
-            const double sy = (inv[3] * X + inv[4] * Y + inv[5]) / w;
-            if (!(sx >= 0 && sx < double(src.w - 1) && sy >= 0 && sy < double(src.h - 1)))
-                continue;
-            const int64_t x0 = int64_t(sx), y0 = int64_t(sy);
-            const double fx = sx - double(x0), fy = sy - double(y0);
-            for (int c = 0; c < 3; ++c) {
-                auto p = [&](int64_t xx, int64_t yy) { return double(src.data[(yy * src.w + xx) * 3 + c]); };
-                const double v = (1 - fx) * (1 - fy) * p(x0, y0) + fx * (1 - fy) * p(x0 + 1, y0) +
-                                 (1 - fx) * fy * p(x0, y0 + 1) + fx * fy * p(x0 + 1, y0 + 1) + 0.5;
-                out[(y * src.w + x) * 3 + c] = uint8_t(std::min(255.0, v));
-            }
-        }
-    return out;
+    const PixelLayout layout{src.w, src.h, src.w * 3, 3, 3};
+    return TestReference::referenceWarp(src.data, layout, m, 0, 0, src.w, src.h, layout, 0);
 }
 
 struct WarpCase {
