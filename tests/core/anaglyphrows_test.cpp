@@ -9,22 +9,13 @@
 
 #include "core/anaglyphrows.h"
 #include "core/displaycomposition.h"
+#include "tests/core/noiseimage.h"
 
 using namespace Vorel;
 using namespace Vorel::AnaglyphDetail;
+using TestReference::noiseImage;
 
 namespace {
-
-// Random pixels, the ignored fourth byte included.
-QImage noise(int w, int h, unsigned seed)
-{
-    QImage image(w, h, QImage::Format_RGB32);
-    std::mt19937 rng(seed);
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x)
-            reinterpret_cast<uint32_t *>(image.scanLine(y))[x] = rng();
-    return image;
-}
 
 uint32_t byteOf(float v) { return uint32_t(std::clamp(int(v), 0, 255)); }
 
@@ -59,7 +50,7 @@ class AnaglyphKernels : public testing::TestWithParam<Case> {};
 TEST_P(AnaglyphKernels, MatchFormula)
 {
     const Case c = GetParam();
-    const QImage a = noise(c.w, c.h, 1), b = noise(c.w, c.h, 2);
+    const QImage a = noiseImage(c.w, c.h, 1), b = noiseImage(c.w, c.h, 2);
     const std::optional<QImage> composed = composeAnaglyph(a, b, c.kind);
     ASSERT_TRUE(composed);
     ASSERT_EQ(composed->size(), a.size());

@@ -19,9 +19,11 @@
 
 #include "core/displaycomposition.h"
 #include "core/homographywarp.h"
+#include "tests/core/noiseimage.h"
 #include "tests/core/referencewarp.h"
 
 using namespace Vorel;
+using TestReference::noiseImage;
 using TestReference::referenceWarp;
 
 namespace {
@@ -35,39 +37,14 @@ std::vector<uint8_t> noise(size_t bytes, unsigned seed)
     return data;
 }
 
-// The matrix mapping the frame corners onto moved corners, solved directly (Gaussian elimination
-// as in perspectiveTransform; the kernels only need some matrix).
+// The matrix mapping the frame corners onto moved corners (the kernels only need some matrix).
 PerspectiveMatrix frameTo(double w, double h, const double (&to)[4][2])
 {
-    const double from[4][2] = {{0, 0}, {w, 0}, {w, h}, {0, h}};
-    double a[8][9] = {};
-    for (int i = 0; i < 4; ++i) {
-        const double x = from[i][0], y = from[i][1], u = to[i][0], v = to[i][1];
-        double *r0 = a[2 * i], *r1 = a[2 * i + 1];
-        r0[0] = x, r0[1] = y, r0[2] = 1, r0[6] = -x * u, r0[7] = -y * u, r0[8] = u;
-        r1[3] = x, r1[4] = y, r1[5] = 1, r1[6] = -x * v, r1[7] = -y * v, r1[8] = v;
-    }
-    for (int col = 0; col < 8; ++col) {
-        int pivot = col;
-        for (int r = col + 1; r < 8; ++r)
-            if (std::fabs(a[r][col]) > std::fabs(a[pivot][col]))
-                pivot = r;
-        std::swap(a[pivot], a[col]);
-        for (int r = col + 1; r < 8; ++r) {
-            const double f = a[r][col] / a[col][col];
-            for (int c = col; c < 9; ++c)
-                a[r][c] -= f * a[col][c];
-        }
-    }
-    PerspectiveMatrix m{};
-    for (int i = 7; i >= 0; --i) {
-        double s = a[i][8];
-        for (int j = i + 1; j < 8; ++j)
-            s -= a[i][j] * m[j];
-        m[i] = s / a[i][i];
-    }
-    m[8] = 1;
-    return m;
+    const CornerPoints frame{{{0, 0}, {float(w), 0}, {float(w), float(h)}, {0, float(h)}}};
+    CornerPoints moved;
+    for (int i = 0; i < 4; ++i)
+        moved[size_t(i)] = {float(to[i][0]), float(to[i][1])};
+    return perspectiveTransform(frame, moved).value();
 }
 
 // Random matrices of every kind the kernels treat differently: mild perspective (the display
@@ -341,15 +318,6 @@ TEST(WarpRowCopy, SingularMatrixWritesNothing)
     EXPECT_FALSE(warpPerspectiveRegion(source.data(), layout, {1, 2, 3, 2, 4, 6, 0, 0, 1}, 0, 0, 4, 4, out.data(),
                                        layout, 0xff000000u));
     EXPECT_EQ(out, std::vector<uint8_t>(64, 0xee));
-}
-
-QImage noiseImage(int w, int h, unsigned seed)
-{
-    QImage image(w, h, QImage::Format_RGB32);
-    const std::vector<uint8_t> bytes = noise(size_t(w) * size_t(h) * 4, seed);
-    for (int y = 0; y < h; ++y)
-        std::memcpy(image.scanLine(y), bytes.data() + size_t(y) * size_t(w) * 4, size_t(w) * 4);
-    return image;
 }
 
 // The band stream of the adjusted pair carries exactly adjustPair's pixels, every row once.

@@ -9,21 +9,12 @@
 #include <QPainter>
 
 #include "core/displaycomposition.h"
+#include "tests/core/noiseimage.h"
 
 using namespace Vorel;
+using TestReference::noiseImage;
 
 namespace {
-
-QImage noise(int w, int h, QImage::Format format, unsigned seed)
-{
-    QImage image(w, h, format);
-    std::mt19937 rng(seed);
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x)
-            reinterpret_cast<uint32_t *>(image.scanLine(y))[x] =
-                format == QImage::Format_ARGB32_Premultiplied ? qPremultiply(rng()) : rng();
-    return image;
-}
 
 // The first differing pixel, or none.
 std::optional<QPoint> firstDifference(const QImage &a, const QImage &b)
@@ -46,7 +37,7 @@ class HalfWidth : public testing::TestWithParam<Squeeze> {};
 TEST_P(HalfWidth, MatchesThePaintersScaledDrawing)
 {
     const Squeeze c = GetParam();
-    const QImage image = noise(c.w, c.h, c.format, unsigned(c.w));
+    const QImage image = noiseImage(c.w, c.h, unsigned(c.w), c.format);
     QImage painted(int(c.w * 0.5), c.h, QImage::Format_ARGB32_Premultiplied);
     if (!painted.isNull()) {
         painted.fill(Qt::transparent);
@@ -78,8 +69,8 @@ class SideBySide : public testing::TestWithParam<Pair> {};
 TEST_P(SideBySide, BottomAlignedCopiesOnTransparent)
 {
     const Pair c = GetParam();
-    const QImage first = noise(c.first.width(), c.first.height(), QImage::Format_RGB32, 1);
-    const QImage second = noise(c.second.width(), c.second.height(), QImage::Format_ARGB32, 2);
+    const QImage first = noiseImage(c.first.width(), c.first.height(), 1, QImage::Format_RGB32);
+    const QImage second = noiseImage(c.second.width(), c.second.height(), 2, QImage::Format_ARGB32);
     const QImage canvas = composeSideBySide(first, second);
     const int height = std::max(first.height(), second.height());
     QImage expected(first.width() + second.width(), height, QImage::Format_ARGB32_Premultiplied);
