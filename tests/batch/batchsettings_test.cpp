@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Batch settings: what an empty or hand-edited store loads as, and a save-load round trip.
+// Batch settings: what an empty or hand-edited store loads as.
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -88,24 +88,5 @@ INSTANTIATE_TEST_SUITE_P(
                  },
                  BatchCropSettings{1, 2, 3, 4}, BatchResizeSettings{100, 50, ResizeMode::cropFit}}),
     [](const testing::TestParamInfo<LoadCase> &info) { return std::string(info.param.name); });
-
-TEST(BatchSettings, SaveLoadRoundTrip)
-{
-    QTemporaryDir dir;
-    Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
-    BatchSettings s;
-    s.inputFolder = QStringLiteral("/photos/in");
-    s.outputFolder = QStringLiteral("/photos/out");
-    s.inputFormat = BatchInputFormat::separate;
-    s.outputFormat = BatchOutputFormat::anaglyphDubois;
-    s.fileFormat = BatchFileFormat::png;
-    s.swapLR = s.autoAdj = s.autoAdjCol = s.autoAdjColLeft = s.manualAdj = s.cropEnabled = s.resizeEnabled = true;
-    s.manualH = 1.25, s.manualV = -0.5, s.manualRot = 0.1, s.manualScale = 2;
-    s.cropX = 3, s.cropY = 4, s.cropW = 500, s.cropH = 400;
-    s.resizeW = 640, s.resizeH = 480, s.resizeMode = ResizeMode::cropFit;
-    s.spatialFov = 70.5, s.spatialAdj = 12, s.spatialStb = 0.065;
-    s.save(preferences);
-    EXPECT_EQ(BatchSettings::load(preferences), s);
-}
 
 } // namespace

@@ -13,7 +13,6 @@
 #include "core/displaycomposition.h"
 #include "core/stereoimageprocessor.h"
 #include "core/stereointake.h"
-#include "formats/spatialphoto.h"
 
 using namespace Vorel;
 
@@ -83,53 +82,6 @@ TEST(JobPipeline, OutputsAreWhatTheWindowComposes)
     }
     EXPECT_EQ(QImage(folder.path(QStringLiteral("out_R.png"))).convertToFormat(QImage::Format_RGB32),
               pair.right.convertToFormat(QImage::Format_RGB32));
-}
-
-TEST(JobPipeline, SpatialOutputReadsBackAsThePair)
-{
-    Folder folder;
-    const QString left = folder.copy(QStringLiteral("/stereo/left.jpg"), QStringLiteral("a.jpg"));
-    const QString right = folder.copy(QStringLiteral("/stereo/right.jpg"), QStringLiteral("b.jpg"));
-    const QString out = folder.path(QStringLiteral("a.heic"));
-    ASSERT_EQ(run(settingsFor(BatchInputFormat::separate, BatchOutputFormat::spatial), {{left, right}, {out}}).status,
-              JobStatus::ok);
-    StereoImageProcessor proc;
-    openEntry(proc, {left, right});
-    const QSize rendered = proc.renderFullWidth(false)->right.size();
-    EXPECT_EQ(readSpatialPhoto(out).right.size(), QSize(rendered.width() & ~1, rendered.height() & ~1)); // even eyes
-}
-
-// The stored "left reference" choice is passed on as the flag itself: without swap the left
-// image is matched to the right one, which stays as it was.
-TEST(JobPipeline, LeftReferenceChoiceCorrectsTheLeftImage)
-{
-    Folder folder;
-    const QString mpo = folder.copy(QStringLiteral("/mpo/sugarshack.mpo"), QStringLiteral("s.mpo"));
-    const ImagePair plain = *windowProcessor(mpo).renderFullWidth(false);
-    BatchSettings settings = settingsFor(BatchInputFormat::mpo, BatchOutputFormat::separate);
-    settings.autoAdjCol = settings.autoAdjColLeft = true;
-    const QStringList outputs{folder.path(QStringLiteral("L.png")), folder.path(QStringLiteral("R.png"))};
-    ASSERT_EQ(run(settings, {{mpo}, outputs}).status, JobStatus::ok);
-    EXPECT_NE(QImage(outputs[0]).convertToFormat(QImage::Format_RGB32), plain.left.convertToFormat(QImage::Format_RGB32));
-    EXPECT_EQ(QImage(outputs[1]).convertToFormat(QImage::Format_RGB32), plain.right.convertToFormat(QImage::Format_RGB32));
-}
-
-TEST(JobPipeline, CropAndResizeFollowTheAdjustment)
-{
-    Folder folder;
-    const QString mpo = folder.copy(QStringLiteral("/mpo/frozenpond.mpo"), QStringLiteral("p.mpo"));
-    BatchSettings settings = settingsFor(BatchInputFormat::mpo, BatchOutputFormat::sbs);
-    settings.manualAdj = true;
-    settings.manualV = 2;
-    settings.cropEnabled = true;
-    settings.cropX = 10, settings.cropY = 20, settings.cropW = 300, settings.cropH = 200;
-    const QString out = folder.path(QStringLiteral("p.png"));
-    ASSERT_EQ(run(settings, {{mpo}, {out}}).status, JobStatus::ok);
-    EXPECT_EQ(QImage(out).size(), QSize(600, 200));
-    settings.resizeEnabled = true;
-    settings.resizeW = 160, settings.resizeH = 90, settings.resizeMode = ResizeMode::letterbox;
-    ASSERT_EQ(run(settings, {{mpo}, {out}}).status, JobStatus::ok);
-    EXPECT_EQ(QImage(out).size(), QSize(320, 90));
 }
 
 TEST(BatchProcessor, CancelDuringJobThreeOfTenStartsNoLaterJob)
