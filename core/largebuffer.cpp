@@ -16,7 +16,7 @@ namespace Vorel {
 
 namespace {
 
-constexpr std::size_t hugePage = std::size_t{2} << 20;
+constexpr std::size_t largeBlock = std::size_t{2} << 20; // from here on a block is mapped on its own
 // Idle blocks kept for reuse, at most this much; a block serves requests down to 3/4 of its size.
 constexpr std::size_t idleLimit = std::size_t{768} << 20;
 
@@ -39,32 +39,24 @@ BlockPool &pool()
     return *blocks;
 }
 
-void *mapAligned(std::size_t bytes)
+// Plain 4 KiB pages on purpose: fresh transparent huge pages made a one-file conversion's system
+// time swing between 0.01 and 0.3 s (zeroing 2 MiB pages the host had taken back), while 4 KiB
+// pages cost a steady 0.05 s, no more on average, and reused blocks run as fast either way.
+void *mapBlock(std::size_t bytes)
 {
-    // Map one huge page more than needed and cut the ends off, so the block starts on a boundary.
-    const std::size_t span = bytes + hugePage;
-    void *mapped = mmap(nullptr, span, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (mapped == MAP_FAILED)
-        return nullptr;
-    const auto address = reinterpret_cast<std::uintptr_t>(mapped);
-    const std::uintptr_t start = (address + hugePage - 1) / hugePage * hugePage;
-    if (const std::size_t head = start - address)
-        munmap(mapped, head);
-    if (const std::size_t tail = span - (start - address) - bytes)
-        munmap(reinterpret_cast<void *>(start + bytes), tail);
-    madvise(reinterpret_cast<void *>(start), bytes, MADV_HUGEPAGE); // a hint: without huge pages it still works
-    return reinterpret_cast<void *>(start);
+    void *mapped = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return mapped == MAP_FAILED ? nullptr : mapped;
 }
 
 } // namespace
 
 void *allocateLargeBuffer(std::size_t bytes)
 {
-    if (bytes < hugePage)
+    if (bytes < largeBlock)
         return std::malloc(bytes);
-    if (bytes > std::numeric_limits<std::size_t>::max() - 2 * hugePage)
+    if (bytes > std::numeric_limits<std::size_t>::max() - 2 * largeBlock)
         return nullptr;
-    const std::size_t rounded = (bytes + hugePage - 1) / hugePage * hugePage;
+    const std::size_t rounded = (bytes + largeBlock - 1) / largeBlock * largeBlock;
     BlockPool &blocks = pool();
     std::vector<Block> dropped;
     {
@@ -87,7 +79,7 @@ void *allocateLargeBuffer(std::size_t bytes)
     }
     for (const Block &block : dropped)
         munmap(block.start, block.bytes);
-    void *start = mapAligned(rounded);
+    void *start = mapBlock(rounded);
     if (!start)
         return nullptr;
     const std::lock_guard guard(pool().lock);

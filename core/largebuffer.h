@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Memory for large pixel buffers. Blocks of 2 MiB or more are mapped on their own, aligned to
-// and marked for transparent huge pages (a fresh 24-megapixel picture otherwise costs some
-// 23,000 page faults, as long as warping it takes), and kept for reuse when released: a batch
-// converting thousands of files maps and zeroes its pictures once, and its memory stays that
-// of one job instead of growing in the allocator's heap.
+// Memory for large pixel buffers. Blocks of 2 MiB or more are mapped on their own and kept for
+// reuse when released: a batch converting thousands of files maps and zeroes its pictures once,
+// and its memory stays that of one job instead of growing in the allocator's heap.
 #pragma once
 
 #include <cstddef>
