@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Allocator for the large scratch images of the keypoint search: elements start
-// uninitialised (every stage writes all of its output), in large-buffer memory (huge pages).
+// uninitialised (every stage writes all of its output), in large-buffer memory (mapped once, reused).
 // A run touches some 250 MB of fresh memory; with 4 KiB pages the page faults alone took
 // longer than the arithmetic.
 #pragma once
