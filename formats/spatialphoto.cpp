@@ -204,9 +204,8 @@ QByteArray encodePair(const QImage &left, const QImage &right, int adj, double f
 
 void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &path, int adj, double fov, double stb)
 {
-    std::printf("%s\n%d\n%s\n", qPrintable(QString::number(fov, 'g', QLocale::FloatingPointShortest)), adj,
-                qPrintable(QString::number(stb, 'g', QLocale::FloatingPointShortest)));
-    std::fflush(stdout);
+    std::fprintf(stderr, "%s\n%d\n%s\n", qPrintable(QString::number(fov, 'g', QLocale::FloatingPointShortest)), adj,
+                 qPrintable(QString::number(stb, 'g', QLocale::FloatingPointShortest)));
     const QImage leftEye = evenOpaque(left), rightEye = evenOpaque(right);
     if (leftEye.isNull() || rightEye.isNull())
         throw SpatialPhotoError(SpatialPhotoError::invalidImage);
@@ -216,8 +215,7 @@ void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &p
     const QByteArray bytes = encodePair(leftEye, rightEye, adj, fov, stb);
     if (bytes.isEmpty() || file.write(bytes) != bytes.size() || !file.commit()) {
         const bool accessible = QFileInfo(QFileInfo(path).absolutePath()).isWritable();
-        std::printf("FAILED: destinationURL accessible? %s\n", accessible ? "true" : "false");
-        std::fflush(stdout);
+        std::fprintf(stderr, "FAILED: destinationURL accessible? %s\n", accessible ? "true" : "false");
         throw SpatialPhotoError(SpatialPhotoError::finalizationFailed, path);
     }
 }

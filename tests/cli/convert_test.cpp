@@ -128,12 +128,13 @@ TEST(ConvertProgram, SpatialPhotoRoundTrip)
     QTemporaryDir dir;
     const QString spatial = dir.filePath(QStringLiteral("pair.heic")), back = dir.filePath(QStringLiteral("back.png"));
     QString errors;
-    ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--output"), QStringLiteral("spatial"),
-                      QStringLiteral("--fov"), QStringLiteral("70"), QStringLiteral("--disparity-adj"),
-                      QStringLiteral("-12"), data + QStringLiteral("/stereo/02-super-mario.jpg"), spatial},
-                     &errors),
-              0)
-        << errors.toStdString();
+    // The writer's console line goes to stderr: output redirected to a file stays clean.
+    const CliRun written = CliTest::runCli({QStringLiteral("convert"), QStringLiteral("--output"), QStringLiteral("spatial"),
+                                            QStringLiteral("--fov"), QStringLiteral("70"), QStringLiteral("--disparity-adj"),
+                                            QStringLiteral("-12"), data + QStringLiteral("/stereo/02-super-mario.jpg"), spatial});
+    ASSERT_EQ(written.exitCode, 0) << written.err.toStdString();
+    EXPECT_TRUE(written.err.contains(QStringLiteral("70\n-12\n"))) << written.err.toStdString();
+    EXPECT_FALSE(written.out.contains(QStringLiteral("70\n-12\n"))) << written.out.toStdString();
     ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--input"), QStringLiteral("spatial"), spatial, back},
                      &errors),
               0)
