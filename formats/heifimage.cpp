@@ -80,8 +80,25 @@ Handle encodeImage(heif_context *context, const QImage &image, int quality)
     // in about a quarter of the time of the library's default preset (x265 spreads the work
     // over every core on its own).
     heif_encoder_set_parameter_string(encoder.get(), "preset", "ultrafast");
+    // Every picture here is sRGB; the file says so in an nclx colr box, so that phones and
+    // headsets need not guess (libheif's own default has changed between versions).
+    const std::unique_ptr<heif_color_profile_nclx, decltype(&heif_nclx_color_profile_free)> nclx(
+        heif_nclx_color_profile_alloc(), heif_nclx_color_profile_free);
+    const std::unique_ptr<heif_encoding_options, decltype(&heif_encoding_options_free)> options(
+        heif_encoding_options_alloc(), heif_encoding_options_free);
+    if (!nclx || !options)
+        return nullptr;
+    nclx->color_primaries = heif_color_primaries_ITU_R_BT_709_5;
+    nclx->transfer_characteristics = heif_transfer_characteristic_IEC_61966_2_1;
+    nclx->matrix_coefficients = heif_matrix_coefficients_ITU_R_BT_601_6;
+    nclx->full_range_flag = 1;
+    if (heif_image_set_nclx_color_profile(heifImage.get(), nclx.get()).code != heif_error_Ok)
+        return nullptr;
+    options->output_nclx_profile = nclx.get();
+    options->macOS_compatibility_workaround_no_nclx_profile = 0; // on by default, for systems of 2018
     heif_image_handle *rawHandle = nullptr;
-    if (heif_context_encode_image(context, heifImage.get(), encoder.get(), nullptr, &rawHandle).code != heif_error_Ok)
+    if (heif_context_encode_image(context, heifImage.get(), encoder.get(), options.get(), &rawHandle).code !=
+        heif_error_Ok)
         return nullptr;
     return Handle(rawHandle);
 }

@@ -6,10 +6,12 @@
 #include <QFile>
 #include <QImageReader>
 
+#include "formats/colourprofile.h"
 #include "formats/exiforientation.h"
 #include "formats/heifimage.h"
 #include "formats/imagelimits.h"
 #include "formats/jpegcodec.h"
+#include "formats/srgbconversion.h"
 
 namespace Vorel {
 
@@ -57,7 +59,10 @@ std::optional<QImage> readHeif(const QByteArray &bytes)
     if (heif_context_get_primary_image_handle(context.get(), &raw).code != heif_error_Ok)
         return std::nullopt;
     const Heif::Handle primary(raw);
-    return Heif::decodeHandle(primary.get());
+    const std::optional<QImage> image = Heif::decodeHandle(primary.get());
+    if (!image)
+        return std::nullopt;
+    return convertedToSrgb(*image, heifColourProfile(primary.get()));
 }
 
 } // namespace
@@ -78,7 +83,7 @@ std::optional<QImage> loadCorrectImageOriented(const QString &path)
         image = readWithQt(bytes);
     if (!image)
         return std::nullopt;
-    return applyExifOrientation(*image, readExifOrientation(bytes));
+    return applyExifOrientation(convertedToSrgb(*image, fileColourProfile(bytes)), readExifOrientation(bytes));
 }
 
 } // namespace Vorel

@@ -4,8 +4,10 @@
 
 #include <QFile>
 
+#include "formats/colourprofile.h"
 #include "formats/jpegcodec.h"
 #include "formats/mpindex.h"
+#include "formats/srgbconversion.h"
 
 namespace Vorel {
 
@@ -45,6 +47,7 @@ std::pair<QImage, QImage> extractMPO(const QString &path)
     const std::vector<MpPicture> pictures = readMpIndex(bytes);
     if (pictures.size() < 2)
         throw MpoError(MpoError::invalidFile);
+    QByteArray profile; // a picture without a colour profile of its own is taken to share the first one's
     auto decode = [&](const MpPicture &picture) {
         if (picture.offset < 0 || picture.size <= 0 || picture.offset + picture.size > bytes.size())
             throw MpoError(MpoError::extractionFailed);
@@ -55,7 +58,9 @@ std::pair<QImage, QImage> extractMPO(const QString &path)
         std::optional<QImage> image = decodeJpeg(bytes.constData() + start, size);
         if (!image)
             throw MpoError(MpoError::extractionFailed);
-        return *image;
+        if (QByteArray own = fileColourProfile(QByteArray::fromRawData(bytes.constData() + start, size)); !own.isEmpty())
+            profile = std::move(own);
+        return convertedToSrgb(*image, profile);
     };
     QImage left = decode(pictures[0]);
     QImage right = decode(pictures[1]);

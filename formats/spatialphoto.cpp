@@ -15,10 +15,12 @@
 #include <QSaveFile>
 
 #include "formats/cameraproperties.h"
+#include "formats/colourprofile.h"
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/heifmetaedit.h"
 #include "formats/imagewriter.h"
+#include "formats/srgbconversion.h"
 
 namespace Vorel {
 
@@ -243,11 +245,16 @@ ImagePair readSpatialPhoto(const QString &path)
         throw SpatialPhotoError(SpatialPhotoError::notASpatialPhoto,
                                 QStringLiteral("The container property cannot be retrieved."));
     }
+    QByteArray profile; // an eye without a colour profile of its own is taken to share the left eye's
     const auto decode = [&](quint32 id) -> std::optional<QImage> {
         heif_image_handle *raw = nullptr;
         if (heif_context_get_image_handle(context.get(), id, &raw).code != heif_error_Ok)
             return std::nullopt;
-        return decodeHandle(Handle(raw).get());
+        const Handle handle(raw);
+        if (QByteArray own = heifColourProfile(handle.get()); !own.isEmpty())
+            profile = std::move(own);
+        const std::optional<QImage> image = decodeHandle(handle.get());
+        return image ? std::optional(convertedToSrgb(*image, profile)) : std::nullopt;
     };
     const std::optional<QImage> left = decode(ids.first), right = decode(ids.second);
     if (!left || !right)
