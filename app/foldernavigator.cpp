@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/foldernavigator.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace Vorel {
@@ -11,20 +10,35 @@ void FolderNavigator::rebuild(const QString &openedFile, LoadMode loadMode)
 {
     mode = loadMode;
     const QFileInfo opened(openedFile);
-    files = opened.dir().exists() ? listStereoFiles(opened.absolutePath()) : QStringList();
-    index = static_cast<int>(files.indexOf(opened.absoluteFilePath()));
-    if (index < 0) {
-        // Not listable, or a file that is never listed (BMP): the opened file alone.
-        files = QStringList{opened.absoluteFilePath()};
+    const QString path = opened.absoluteFilePath();
+    files = listStereoFiles(opened.absolutePath());
+    index = static_cast<int>(files.indexOf(path));
+    listed = true;
+    if (index >= 0) {
+        if (mode == filePair && index % 2 == 1)
+            --index; // an entry always starts on a left file
+    } else if (!QFileInfo(opened.absolutePath()).isReadable()) {
+        files = QStringList{path}; // the folder cannot be listed: the opened file alone
         index = 0;
-    } else if (mode == filePair && index % 2 == 1) {
-        --index; // an entry always starts on a left file
+    } else {
+        index = static_cast<int>(naturalSortPosition(files, path));
+        listed = false;
     }
+}
+
+int FolderNavigator::stepTarget(int direction) const
+{
+    const int size = stepSize();
+    if (listed)
+        return index + direction * size;
+    // From the gap the unlisted file sorts into: the first entry after it, or the last before.
+    const int after = (index + size - 1) / size * size;
+    return direction > 0 ? after : after - size;
 }
 
 bool FolderNavigator::canStep(int direction) const
 {
-    const int next = index + direction * stepSize();
+    const int next = stepTarget(direction);
     return !files.isEmpty() && next >= 0 && next < files.size();
 }
 
@@ -32,7 +46,8 @@ std::optional<StereoEntry> FolderNavigator::step(int direction)
 {
     if (!canStep(direction))
         return std::nullopt;
-    index += direction * stepSize();
+    index = stepTarget(direction);
+    listed = true;
     if (mode == singleFile)
         return StereoEntry{files[index], {}};
     // On the last position the same file is both views, deliberately.

@@ -27,12 +27,17 @@ public:
     const QStringList &imageList() const { return files; }
     int currentIndex() const { return index; }
     LoadMode loadMode() const { return mode; }
+    // False while the opened file is one the list never holds (a BMP): currentIndex is then
+    // where it would sort, and stepping goes to the entries on either side of it.
+    bool isCurrentListed() const { return listed; }
 
 private:
     int stepSize() const { return mode == filePair ? 2 : 1; }
+    int stepTarget(int direction) const;
 
     QStringList files;
     int index = 0;
+    bool listed = true;
     LoadMode mode = singleFile;
 };
 

@@ -50,13 +50,18 @@ bool hasStereoExtension(const QFileInfo &info)
                        [&](const char *accepted) { return suffix == QLatin1String(accepted); });
 }
 
+bool fileNameLess(const QString &a, const QString &b)
+{
+    return naturalCompare(QFileInfo(a).fileName(), QFileInfo(b).fileName()) < 0;
+}
+
 } // namespace
 
-void sortNaturally(QStringList &paths)
+void sortNaturally(QStringList &paths) { std::stable_sort(paths.begin(), paths.end(), fileNameLess); }
+
+qsizetype naturalSortPosition(const QStringList &sortedPaths, const QString &path)
 {
-    std::stable_sort(paths.begin(), paths.end(), [](const QString &a, const QString &b) {
-        return naturalCompare(QFileInfo(a).fileName(), QFileInfo(b).fileName()) < 0;
-    });
+    return std::upper_bound(sortedPaths.begin(), sortedPaths.end(), path, fileNameLess) - sortedPaths.begin();
 }
 
 QStringList listStereoFiles(const QString &folder)

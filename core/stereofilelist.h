@@ -20,4 +20,8 @@ QStringList listStereoFiles(const QString &folder);
 // case-insensitively, the same in every locale.
 void sortNaturally(QStringList &paths);
 
+// Where `path` would stand among `sortedPaths` (in the order of sortNaturally): the index of
+// the first path that sorts after it.
+qsizetype naturalSortPosition(const QStringList &sortedPaths, const QString &path);
+
 } // namespace Vorel

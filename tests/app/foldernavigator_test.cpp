@@ -65,12 +65,41 @@ TEST(FolderNavigator, StepsInBothLoadModes)
     EXPECT_FALSE(singles.step(+1));
     EXPECT_EQ(QFileInfo(singles.step(-1)->left).fileName(), QStringLiteral("4.jpg"));
     EXPECT_TRUE(singles.step(-1)->right.isEmpty());
+}
 
-    // A BMP opens but is not listed: the list is that file alone.
-    FolderNavigator bmp;
-    bmp.rebuild(touch(dir, "x.bmp"), FolderNavigator::singleFile);
-    EXPECT_EQ(bmp.imageList().size(), 1);
-    EXPECT_FALSE(bmp.canStep(+1));
+// A BMP opens but is never listed: it stands where it would sort, and stepping goes to its
+// neighbours in the folder.
+TEST(FolderNavigator, StepsFromAnUnlistedFileToItsNeighbours)
+{
+    QTemporaryDir dir;
+    for (const char *name : {"1.jpg", "2.jpg", "3.jpg", "4.jpg", "5.jpg"})
+        touch(dir, name);
+    const struct {
+        const char *opened;
+        FolderNavigator::LoadMode mode;
+        int position, direction;
+        const char *reached; // null: no step
+    } rows[] = {
+        {"3a.bmp", FolderNavigator::singleFile, 3, +1, "4.jpg"},
+        {"3a.bmp", FolderNavigator::singleFile, 3, -1, "3.jpg"},
+        {"3a.bmp", FolderNavigator::filePair, 3, +1, "5.jpg"},
+        {"3a.bmp", FolderNavigator::filePair, 3, -1, "3.jpg"},
+        {"0.bmp", FolderNavigator::filePair, 0, +1, "1.jpg"},
+        {"0.bmp", FolderNavigator::singleFile, 0, -1, nullptr},
+        {"9.bmp", FolderNavigator::singleFile, 5, +1, nullptr},
+        {"9.bmp", FolderNavigator::singleFile, 5, -1, "5.jpg"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(std::string(row.opened) + (row.direction > 0 ? " next" : " prev"));
+        FolderNavigator navigator;
+        navigator.rebuild(touch(dir, row.opened), row.mode);
+        EXPECT_EQ(navigator.imageList().size(), 5);
+        EXPECT_EQ(navigator.currentIndex(), row.position);
+        const std::optional<StereoEntry> entry = navigator.step(row.direction);
+        EXPECT_EQ(entry.has_value(), row.reached != nullptr);
+        if (entry)
+            EXPECT_EQ(QFileInfo(entry->left).fileName(), QLatin1String(row.reached));
+    }
 }
 
 } // namespace
