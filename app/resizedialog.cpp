@@ -111,14 +111,14 @@ QString ResizeDialog::previewText() const
     switch (mode()) {
     case ResizeMode::cropFit: {
         const QSizeF region = cropFitRegion(originalSize, *w, *h);
-        return QStringLiteral("→ Extract the image’s center: %1 px → %2 px")
+        return tr("→ Extract the image’s center: %1 px → %2 px")
             .arg(sizeText(region.width(), region.height()), target);
     }
     case ResizeMode::stretch:
-        return QStringLiteral("→ Resize to %1 px").arg(target);
+        return tr("→ Resize to %1 px").arg(target);
     case ResizeMode::letterbox: {
         const QSizeF fitted = letterboxFit(originalSize, *w, *h);
-        return QStringLiteral("→ %1 px（image %2 px）").arg(target, sizeText(fitted.width(), fitted.height()));
+        return tr("→ %1 px（image %2 px）").arg(target, sizeText(fitted.width(), fitted.height()));
     }
     }
     return {};

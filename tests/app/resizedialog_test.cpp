@@ -7,12 +7,28 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QtTest>
 
 #include "app/resizedialog.h"
 #include "core/preferences.h"
 
 using namespace Vorel;
+
+namespace {
+
+// Translates every text to itself in brackets, so an untranslated text shows.
+class MarkingTranslator : public QTranslator {
+public:
+    static QString mark(const QString &text) { return QLatin1Char('[') + text + QLatin1Char(']'); }
+    QString translate(const char *, const char *sourceText, const char *, int) const override
+    {
+        return mark(QString::fromUtf8(sourceText));
+    }
+    bool isEmpty() const override { return false; }
+};
+
+} // namespace
 
 class ResizeDialogTest : public QObject {
     Q_OBJECT
@@ -35,6 +51,7 @@ private slots:
         QCOMPARE(sheet.heightField->text(), QStringLiteral("333"));
     }
 
+    // Each preview in English, then through a translator that marks every text it is asked for.
     void previewPerMode()
     {
         Preferences store(dir.filePath(QStringLiteral("b.ini")));
@@ -42,11 +59,20 @@ private slots:
         sheet.lockAspectCheck->setChecked(false);
         sheet.widthField->setText(QStringLiteral("1000"));
         sheet.heightField->setText(QStringLiteral("1000"));
-        QCOMPARE(sheet.previewLabel->text(), QStringLiteral("→ Resize to 1000 × 1000 px"));
-        sheet.modeRadios[1]->click();
-        QCOMPARE(sheet.previewLabel->text(), QStringLiteral("→ Extract the image’s center: 3000 × 3000 px → 1000 × 1000 px"));
-        sheet.modeRadios[2]->click();
-        QCOMPARE(sheet.previewLabel->text(), QStringLiteral("→ 1000 × 1000 px（image 1000 × 750 px）"));
+        const char *const previews[] = {"→ Resize to 1000 × 1000 px",
+                                        "→ Extract the image’s center: 3000 × 3000 px → 1000 × 1000 px",
+                                        "→ 1000 × 1000 px（image 1000 × 750 px）"};
+        MarkingTranslator marking;
+        for (const bool translated : {false, true}) {
+            if (translated)
+                QCoreApplication::installTranslator(&marking);
+            for (int mode = 0; mode < 3; ++mode) {
+                sheet.modeRadios[mode]->click();
+                const QString english = QString::fromUtf8(previews[mode]);
+                QCOMPARE(sheet.previewLabel->text(), translated ? MarkingTranslator::mark(english) : english);
+            }
+        }
+        QCoreApplication::removeTranslator(&marking);
         sheet.heightField->setText(QStringLiteral("x"));
         QCOMPARE(sheet.previewLabel->text(), QString());
     }
