@@ -5,9 +5,9 @@
 // live in mainwindowmenus.cpp, mainwindowfilecommands.cpp and mainwindowpaircommands.cpp.
 #include "app/mainwindow.h"
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QSplitter>
+#include <QWindow>
 
 #include "app/controlpanelwidget.h"
 #include "app/pairview.h"
@@ -54,11 +54,22 @@ MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent
 
     buildMenus();
     connectPanel();
-    qApp->installEventFilter(this);
+    // Keys are taken where they enter the window, once per press and before the focused
+    // widget, so a focused slider or button cannot swallow Space or the arrows.
+    create();
+    windowHandle()->installEventFilter(this);
     updateControls();
 }
 
-MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
+MainWindow::~MainWindow() = default;
+
+// The projector windows have no parent and would otherwise keep the application running,
+// on screens the user may not be able to reach, after its only real window is gone.
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    projection->stop();
+    QMainWindow::closeEvent(event);
+}
 
 bool MainWindow::requirePair()
 {
@@ -70,11 +81,12 @@ bool MainWindow::requirePair()
 
 void MainWindow::cpSwap()
 {
-    if (!requirePair())
-        return;
-    proc.isSwap = !proc.isSwap;
+    if (requirePair()) {
+        proc.isSwap = !proc.isSwap;
+        redisplay();
+    }
+    // The check box has toggled itself when clicked: it shows the processor's state either way.
     panel->setSwapped(proc.isSwap);
-    redisplay();
 }
 
 void MainWindow::cpFit()
@@ -187,13 +199,15 @@ void MainWindow::updateControls()
     panel->setNavigationEnabled(folder.canStep(-1), folder.canStep(+1));
     panel->setUndoEnabled(proc.history.undoCount() >= 2, proc.history.redoCount() > 0);
     QString info;
-    if (proc.hasPair())
-        info = tr("%1\n%2 × %3 pixels per view\n%4 of %5 in the folder")
+    if (proc.hasPair()) {
+        const qsizetype listed = folder.imageList().size();
+        info = tr("%1\n%2 × %3 pixels per view\n")
                    .arg(openedDescription)
                    .arg(proc.leftOriginal->width())
-                   .arg(proc.leftOriginal->height())
-                   .arg(folder.currentIndex() + 1)
-                   .arg(folder.imageList().size());
+                   .arg(proc.leftOriginal->height()) +
+               (folder.isCurrentListed() ? tr("%1 of %2 in the folder").arg(folder.currentIndex() + 1).arg(listed)
+                                         : tr("not among the %1 files of the folder").arg(listed));
+    }
     panel->setFileInformation(info);
 }
 

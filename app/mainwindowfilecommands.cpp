@@ -66,6 +66,10 @@ bool MainWindow::openEntryAndShow(const StereoEntry &entry)
 {
     if (!openEntry(proc, entry)) {
         statusBar()->showMessage(tr("Cannot open %1").arg(QFileInfo(entry.left).fileName()), 8000);
+        // Every open starts from a neutral adjustment, even a failed one that keeps the previous pair.
+        proc.adjustment = {};
+        panel->showAdjustment(proc.adjustment);
+        redisplay();
         return false;
     }
     lastOpenedURL = entry.left;

@@ -6,10 +6,10 @@
 
 #include <cstdio>
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QWindow>
 
 #include "app/controlpanelwidget.h"
 #include "formats/exiforientationpanel.h"
@@ -127,14 +127,12 @@ void MainWindow::connectPanel()
     connect(panel, &QTabWidget::currentChanged, this, &MainWindow::onPanelPageChanged);
 }
 
-// Keys pressed anywhere in this window (not in its dialogs) are the window's commands, so
-// a focused slider or button cannot swallow Space or the arrows. Dispatch is by Qt key.
+// Keys pressed anywhere in this window (not in its dialogs) are the window's commands. They
+// are seen once, as they enter the window: keys it leaves to the focused widget then travel up
+// through that widget's parents unseen here. Dispatch is by Qt key.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress)
-        return false;
-    auto *widget = qobject_cast<QWidget *>(watched);
-    if (!widget || widget->window() != this)
+    if (event->type() != QEvent::KeyPress || watched != windowHandle())
         return false;
     auto *key = static_cast<QKeyEvent *>(event);
     std::fprintf(stderr, "keycode=%u\n", key->nativeScanCode());

@@ -21,7 +21,11 @@ ProjectorLink::ProjectorLink(QWidget *window, PictureSource pictures, ProjectorS
     refreshTimer.setInterval(settleMilliseconds);
     connect(&refreshTimer, &QTimer::timeout, this, &ProjectorLink::refreshPictures);
     // Directly, while the screen still exists: a window left on it would be moved onto another.
-    connect(qApp, &QGuiApplication::screenRemoved, this, [this](QScreen *screen) { manager.screenRemoved(screen); });
+    connect(qApp, &QGuiApplication::screenRemoved, this, [this](QScreen *screen) {
+        manager.screenRemoved(screen);
+        if (!manager.isProjecting)
+            stop(); // the last projected screen is gone: the panel shows the stopped state
+    });
 }
 
 void ProjectorLink::showPanel()

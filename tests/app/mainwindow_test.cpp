@@ -1,7 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window's commands, keys, stepping and alerts, offscreen.
+#include <cstdio>
+
+#include <unistd.h>
+
+#include <QCheckBox>
 #include <QFile>
+#include <QSlider>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -11,6 +17,27 @@
 
 using namespace Vorel;
 
+namespace {
+
+// What `run` writes to stderr.
+QByteArray stderrOf(const std::function<void()> &run, const QString &capturePath)
+{
+    QFile capture(capturePath);
+    if (!capture.open(QIODevice::ReadWrite | QIODevice::Truncate))
+        return {};
+    std::fflush(stderr);
+    const int saved = dup(STDERR_FILENO);
+    dup2(capture.handle(), STDERR_FILENO);
+    run();
+    std::fflush(stderr);
+    dup2(saved, STDERR_FILENO);
+    close(saved);
+    capture.seek(0);
+    return capture.readAll();
+}
+
+} // namespace
+
 class MainWindowTest : public QObject {
     Q_OBJECT
 
@@ -19,10 +46,13 @@ class MainWindowTest : public QObject {
     QStringList alerts;
     const QString data = QStringLiteral(VOREL_TEST_DATA);
 
+    // As the keyboard does: into the window, then to its focused widget.
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QTest::keyClick(window->controlPanel(), Qt::Key(key), modifiers);
+        QTest::keyClick(window->windowHandle(), Qt::Key(key), modifiers);
     }
+
+    QCheckBox *swapControl() const { return window->controlPanel()->findChild<QCheckBox *>(); }
 
 private slots:
     void init()
@@ -41,7 +71,10 @@ private slots:
         QCOMPARE(alerts, QStringList(3, QStringLiteral("Image not loaded")));
         press(Qt::Key_X); // the bare key does nothing without a pair
         QCOMPARE(alerts.size(), 3);
+        swapControl()->click();
+        QCOMPARE(alerts.size(), 4);
         QVERIFY(!window->processor().isSwap);
+        QVERIFY(!swapControl()->isChecked());
     }
 
     void keysDriveTheAdjustmentBeyondTheSliders()
@@ -54,9 +87,23 @@ private slots:
         QCOMPARE(window->processor().adjustment.verticalOffset, 0.5);
         QCOMPARE(window->controlPanel()->currentAdj().horizontalOffset, 25.0);
         press(Qt::Key_X);
-        QVERIFY(window->processor().isSwap);
+        QVERIFY(window->processor().isSwap && swapControl()->isChecked());
         press(Qt::Key_X, Qt::ControlModifier); // not the swap key
         QVERIFY(window->processor().isSwap);
+    }
+
+    // Keys the focused widget does not take travel up through its parents; each press is
+    // still logged once, and the window's keys win over the focused slider.
+    void eachKeyPressIsLoggedOnce()
+    {
+        QVERIFY(window->openPaths({data + QStringLiteral("/mpo/sugarshack.mpo")}));
+        window->controlPanel()->setCurrentIndex(ControlPanelWidget::adjustmentPage);
+        window->controlPanel()->findChild<QSlider *>()->setFocus();
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_Right}) {
+            const QByteArray logged = stderrOf([&] { press(key); }, dir.filePath(QStringLiteral("stderr.txt")));
+            QCOMPARE(logged.count("keycode="), 1);
+        }
+        QCOMPARE(window->processor().adjustment.horizontalOffset, 0.5);
     }
 
     void modesAndSaving()
@@ -79,6 +126,7 @@ private slots:
     {
         QVERIFY(window->openPaths({data + QStringLiteral("/mpo/sugarshack.mpo")}));
         const qint64 loaded = window->processor().leftOriginal->cacheKey();
+        window->nudgeAdjustment(1.5, -2);
         window->cpUndo(); // the loaded state cannot be undone
         QCOMPARE(window->processor().leftOriginal->cacheKey(), loaded);
         const QString broken = dir.filePath(QStringLiteral("broken.jpg"));
@@ -88,6 +136,8 @@ private slots:
         file.close();
         QVERIFY(!window->openPaths({broken}));
         QCOMPARE(window->processor().leftOriginal->cacheKey(), loaded); // previous pair stays
+        QCOMPARE(window->processor().adjustment, StereoAdjustment()); // but starts unadjusted
+        QCOMPARE(window->controlPanel()->currentAdj(), StereoAdjustment());
     }
 
     void spaceStepsThroughPairs()

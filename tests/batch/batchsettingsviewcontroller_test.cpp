@@ -257,7 +257,7 @@ private slots:
         window.cpCrop();
         window.resizePair(400, 300, ResizeMode::letterbox);
         window.nudgeAdjustment(0.5, 0);
-        QTest::keyClick(window.controlPanel(), Qt::Key_B);
+        QTest::keyClick(window.windowHandle(), Qt::Key_B); // as the keyboard delivers it
         auto *opened = window.findChild<BatchSettingsViewController *>();
         QVERIFY(opened && opened->isVisible());
         QCOMPARE(opened->manualFields[0]->text(), QStringLiteral("0.5")); // remembered before opening

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Projection on three offscreen screens: window placement per mode, restarting, screens going
-// away, Esc, and the projected view following the main view.
+// away, Esc, the projected view following the main view, and closing the main window.
 #include <QCheckBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 #include "app/mainwindow.h"
@@ -143,6 +144,16 @@ private slots:
         QCOMPARE(link.manager.projectorWindows.size(), size_t(1));
         QCOMPARE(link.manager.currentScreens.front().screen, offered[0].screen);
 
+        // The last projected screen goes too: the projection ends and the panel shows it.
+        gone = offered[0].screen;
+        offered.erase(offered.begin());
+        emit qApp->screenRemoved(gone);
+        QTRY_COMPARE(panel->checkboxes.size(), size_t(1));
+        QVERIFY(!link.manager.isProjecting && link.manager.projectorWindows.empty());
+        QVERIFY(panel->startButton->isEnabled() && !panel->stopButton->isEnabled());
+
+        panel->checkboxes[0]->setChecked(true);
+        panel->startButton->click();
         panel->stopButton->click();
         QVERIFY(link.manager.projectorWindows.empty());
         QVERIFY(panel->startButton->isEnabled() && !panel->stopButton->isEnabled());
@@ -177,9 +188,28 @@ private slots:
             }
         }
 
-        QTest::keyClick(window.findChild<QScrollArea *>(), Qt::Key_Escape);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
         QVERIFY(!window.projector()->manager.isProjecting);
         QVERIFY(window.projector()->manager.projectorWindows.empty());
+    }
+
+    // Runs the application's event loop, so it comes last.
+    void closingTheMainWindowEndsTheApplication()
+    {
+        const QString path = dir.filePath(QStringLiteral("sbs.png"));
+        QVERIFY(left.save(path));
+        MainWindow window(std::make_unique<Preferences>(dir.filePath(QStringLiteral("q.ini"))));
+        window.show();
+        QVERIFY(window.openPaths({path}));
+        window.projector()->start(screensOf(QGuiApplication::screens()), ProjectionMode::splitLR);
+        QList<QPointer<QWidget>> projected;
+        for (const auto &controller : window.projector()->manager.projectorWindows)
+            projected << controller->window();
+        QTimer::singleShot(0, &window, &QWidget::close);
+        QTimer::singleShot(5000, &window, [] { QCoreApplication::exit(1); }); // the projection kept it alive
+        QCOMPARE(QApplication::exec(), 0);
+        for (const QPointer<QWidget> &w : projected)
+            QVERIFY(w.isNull());
     }
 };
 
