@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/srgbconversion.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include <QColorSpace>
@@ -11,6 +14,7 @@
 #include <lcms2.h>
 
 #include "core/parallelrows.h"
+#include "formats/matrixshaper.h"
 
 namespace Vorel {
 
@@ -27,11 +31,21 @@ struct ProfileDeleter {
 };
 using Transform = std::shared_ptr<void>;
 
-// Opaque pixels and premultiplied ones need a transform each; both are made on first use.
+// Opaque pixels go through the tables of a matrix/TRC profile, or else a general transform;
+// premultiplied ones, rare, through a transform of their own made on first use.
 struct ProfileTransforms {
     QByteArray profile;
-    bool isSrgb = false; // unreadable, not RGB, or indistinguishable from sRGB in 8 bits
+    bool isSrgb = false; // unreadable, not RGB, or moving no level of any colour by more than one
+    std::optional<MatrixShaperToSrgb> tables;
     Transform opaque, premultiplied;
+
+    void convertOpaque(uint8_t *bgrx, int64_t n) const
+    {
+        if (tables)
+            tables->convert(bgrx, n);
+        else
+            cmsDoTransform(opaque.get(), bgrx, bgrx, static_cast<cmsUInt32Number>(n));
+    }
 };
 
 Transform makeTransform(const QByteArray &icc, cmsUInt32Number format)
@@ -61,12 +75,15 @@ std::vector<QRgb> probeColours()
     return colours;
 }
 
-bool mapsOntoItself(void *transform)
+bool mapsOntoItself(const ProfileTransforms &entry)
 {
     static const std::vector<QRgb> probes = probeColours();
-    std::vector<QRgb> mapped(probes.size());
-    cmsDoTransform(transform, probes.data(), mapped.data(), static_cast<cmsUInt32Number>(probes.size()));
-    return mapped == probes;
+    std::vector<QRgb> mapped = probes;
+    entry.convertOpaque(reinterpret_cast<uint8_t *>(mapped.data()), static_cast<int64_t>(mapped.size()));
+    const auto near = [](int a, int b) { return std::abs(a - b) <= 1; };
+    return std::equal(probes.begin(), probes.end(), mapped.begin(), [&](QRgb p, QRgb q) {
+        return near(qRed(p), qRed(q)) && near(qGreen(p), qGreen(q)) && near(qBlue(p), qBlue(q));
+    });
 }
 
 // The cache, newest entry last.
@@ -83,7 +100,12 @@ struct TransformCache {
         auto entry = std::make_shared<ProfileTransforms>();
         entry->profile = icc;
         entry->opaque = makeTransform(icc, TYPE_BGRA_8);
-        entry->isSrgb = !entry->opaque || mapsOntoItself(entry->opaque.get());
+        if (entry->opaque) {
+            const std::unique_ptr<void, ProfileDeleter> source(
+                cmsOpenProfileFromMem(icc.constData(), static_cast<cmsUInt32Number>(icc.size())));
+            entry->tables = MatrixShaperToSrgb::fromProfile(source.get());
+        }
+        entry->isSrgb = !entry->opaque || mapsOntoItself(*entry);
         if (entries.size() >= largestCacheEntries)
             entries.erase(entries.begin());
         entries.push_back(entry);
@@ -115,8 +137,8 @@ QImage convertedToSrgb(QImage image, const QByteArray &iccProfile)
     if (entry->isSrgb)
         return image;
     const bool alpha = image.hasAlphaChannel();
-    const Transform transform = alpha ? cache().premultiplied(*entry) : entry->opaque;
-    if (!transform)
+    const Transform premultiplied = alpha ? cache().premultiplied(*entry) : nullptr;
+    if (alpha && !premultiplied)
         return image;
     const bool tagged = image.colorSpace().isValid();
     image.convertTo(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
@@ -126,9 +148,13 @@ QImage convertedToSrgb(QImage image, const QByteArray &iccProfile)
     uchar *const pixels = image.bits(); // detached here, before the rows are shared out
     const auto stride = static_cast<cmsUInt32Number>(image.bytesPerLine());
     const auto convertRows = [&](int64_t first, int64_t end) {
-        uchar *rows = pixels + first * stride;
-        cmsDoTransformLineStride(transform.get(), rows, rows, static_cast<cmsUInt32Number>(width),
-                                 static_cast<cmsUInt32Number>(end - first), stride, stride, 0, 0);
+        for (int64_t y = first; y < end; ++y) {
+            uchar *row = pixels + y * stride;
+            if (premultiplied)
+                cmsDoTransform(premultiplied.get(), row, row, static_cast<cmsUInt32Number>(width));
+            else
+                entry->convertOpaque(row, width);
+        }
     };
     if (width * height >= parallelPixels)
         parallelRows(height, convertRows);

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Brings decoded pictures into sRGB, the space every later stage works in and every output is
 // written in. One 8-bit transform (perceptual intent) is built per distinct profile and kept;
-// a profile that maps every sampled colour onto itself counts as sRGB and costs nothing after
-// that first check, and so does a profile that cannot be read (the picture still opens).
+// a profile that moves no sampled colour by more than one level (an sRGB profile whose curves
+// are tables, say) counts as sRGB and costs nothing after that first check, and so does a
+// profile that cannot be read (the picture still opens).
 #pragma once
 
 #include <QByteArray>
