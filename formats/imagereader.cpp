@@ -3,6 +3,7 @@
 #include "formats/imagereader.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QFile>
 #include <QImageReader>
 
@@ -83,7 +84,10 @@ std::optional<QImage> loadCorrectImageOriented(const QString &path)
         image = readWithQt(bytes);
     if (!image)
         return std::nullopt;
-    return applyExifOrientation(convertedToSrgb(*image, fileColourProfile(bytes)), readExifOrientation(bytes));
+    QByteArray profile = fileColourProfile(bytes);
+    if (profile.isEmpty() && image->colorSpace().isValid()) // formats we do not parse ourselves (WebP)
+        profile = image->colorSpace().iccProfile();
+    return applyExifOrientation(convertedToSrgb(*image, profile), readExifOrientation(bytes));
 }
 
 } // namespace Vorel
