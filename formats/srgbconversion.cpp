@@ -48,15 +48,20 @@ struct ProfileTransforms {
     }
 };
 
-Transform makeTransform(const QByteArray &icc, cmsUInt32Number format)
+using Profile = std::unique_ptr<void, ProfileDeleter>;
+
+Profile openProfile(const QByteArray &icc)
 {
-    const std::unique_ptr<void, ProfileDeleter> source(
-        cmsOpenProfileFromMem(icc.constData(), static_cast<cmsUInt32Number>(icc.size())));
-    if (!source || cmsGetColorSpace(source.get()) != cmsSigRgbData)
+    return Profile(cmsOpenProfileFromMem(icc.constData(), static_cast<cmsUInt32Number>(icc.size())));
+}
+
+Transform makeTransform(void *source, cmsUInt32Number format)
+{
+    if (!source || cmsGetColorSpace(source) != cmsSigRgbData)
         return nullptr;
-    const std::unique_ptr<void, ProfileDeleter> srgb(cmsCreate_sRGBProfile());
+    const Profile srgb(cmsCreate_sRGBProfile());
     // No cache: the transform is shared by the threads that convert the rows of one picture.
-    void *transform = cmsCreateTransform(source.get(), format, srgb.get(), format, INTENT_PERCEPTUAL,
+    void *transform = cmsCreateTransform(source, format, srgb.get(), format, INTENT_PERCEPTUAL,
                                          cmsFLAGS_NOCACHE | cmsFLAGS_COPY_ALPHA);
     return transform ? Transform(transform, TransformDeleter()) : nullptr;
 }
@@ -99,13 +104,11 @@ struct TransformCache {
                 return entry;
         auto entry = std::make_shared<ProfileTransforms>();
         entry->profile = icc;
-        entry->opaque = makeTransform(icc, TYPE_BGRA_8);
-        if (entry->opaque) {
-            const std::unique_ptr<void, ProfileDeleter> source(
-                cmsOpenProfileFromMem(icc.constData(), static_cast<cmsUInt32Number>(icc.size())));
-            entry->tables = MatrixShaperToSrgb::fromProfile(source.get());
-        }
-        entry->isSrgb = !entry->opaque || mapsOntoItself(*entry);
+        const Profile source = openProfile(icc);
+        entry->tables = MatrixShaperToSrgb::fromProfile(source.get());
+        if (!entry->tables)
+            entry->opaque = makeTransform(source.get(), TYPE_BGRA_8);
+        entry->isSrgb = (!entry->tables && !entry->opaque) || mapsOntoItself(*entry);
         if (entries.size() >= largestCacheEntries)
             entries.erase(entries.begin());
         entries.push_back(entry);
@@ -116,7 +119,7 @@ struct TransformCache {
     {
         const std::lock_guard guard(lock);
         if (!entry.premultiplied)
-            entry.premultiplied = makeTransform(entry.profile, TYPE_BGRA_8_PREMUL);
+            entry.premultiplied = makeTransform(openProfile(entry.profile).get(), TYPE_BGRA_8_PREMUL);
         return entry.premultiplied;
     }
 };
