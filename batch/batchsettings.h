@@ -18,8 +18,29 @@ namespace Vorel {
 class Preferences;
 
 // Each enumeration is stored as its position, which is also the pop-up item index.
-enum class BatchInputFormat { sbs, spatial, separate, mpo };
-enum class BatchOutputFormat { sbs, anaglyphGray, anaglyphColor, anaglyphDubois, halfSBS, spatial, separate, imageBorder };
+// New cases go at the end, so that stored integers keep their meaning.
+enum class BatchInputFormat { sbs, spatial, separate, mpo, jps, overUnder };
+enum class BatchOutputFormat {
+    sbs,
+    anaglyphGray,
+    anaglyphColor,
+    anaglyphDubois,
+    halfSBS,
+    spatial,
+    separate,
+    imageBorder,
+    mpo,
+    jps,
+    overUnder,
+    halfOverUnder,
+    rowInterlaced,
+    columnInterlaced,
+    checkerboard,
+    anaglyphDuboisAmberBlue,
+    anaglyphDuboisGreenMagenta,
+    anaglyphHalfColor,
+    anaglyphOptimized,
+};
 enum class BatchFileFormat { jpg, png, tiff, heic };
 
 // One row per case, in enumeration order: the `vorel-cli` name and the dialog text.
@@ -29,14 +50,16 @@ template <typename Enum> struct BatchChoice {
     const char *uiText;
 };
 
-inline constexpr std::array<BatchChoice<BatchInputFormat>, 4> batchInputFormats{{
+inline constexpr std::array<BatchChoice<BatchInputFormat>, 6> batchInputFormats{{
     {BatchInputFormat::sbs, "sbs", "SBS Image"},
     {BatchInputFormat::spatial, "spatial", "Spatial Photo"},
     {BatchInputFormat::separate, "separate", "Separate L/R Images"},
     {BatchInputFormat::mpo, "mpo", "MPO Image"},
+    {BatchInputFormat::jps, "jps", "JPS/PNS Image"},
+    {BatchInputFormat::overUnder, "over-under", "Over/Under Image"},
 }};
 
-inline constexpr std::array<BatchChoice<BatchOutputFormat>, 8> batchOutputFormats{{
+inline constexpr std::array<BatchChoice<BatchOutputFormat>, 19> batchOutputFormats{{
     {BatchOutputFormat::sbs, "sbs", "SBS Image"},
     {BatchOutputFormat::anaglyphGray, "anaglyph-gray", "Gray Anaglyph"},
     {BatchOutputFormat::anaglyphColor, "anaglyph-color", "Color Anaglyph"},
@@ -45,6 +68,17 @@ inline constexpr std::array<BatchChoice<BatchOutputFormat>, 8> batchOutputFormat
     {BatchOutputFormat::spatial, "spatial", "Spatial Photo"},
     {BatchOutputFormat::separate, "separate", "Separate L/R Images"},
     {BatchOutputFormat::imageBorder, "border", "Image with Border"},
+    {BatchOutputFormat::mpo, "mpo", "MPO (3-D camera)"},
+    {BatchOutputFormat::jps, "jps", "JPS (stereo JPEG)"},
+    {BatchOutputFormat::overUnder, "over-under", "Over/Under"},
+    {BatchOutputFormat::halfOverUnder, "half-over-under", "Half Over/Under"},
+    {BatchOutputFormat::rowInterlaced, "row-interlaced", "Row Interlaced"},
+    {BatchOutputFormat::columnInterlaced, "column-interlaced", "Column Interlaced"},
+    {BatchOutputFormat::checkerboard, "checkerboard", "Checkerboard"},
+    {BatchOutputFormat::anaglyphDuboisAmberBlue, "anaglyph-dubois-amber-blue", "Dubois Amber-Blue Anaglyph"},
+    {BatchOutputFormat::anaglyphDuboisGreenMagenta, "anaglyph-dubois-green-magenta", "Dubois Green-Magenta Anaglyph"},
+    {BatchOutputFormat::anaglyphHalfColor, "anaglyph-half-color", "Half Color Anaglyph"},
+    {BatchOutputFormat::anaglyphOptimized, "anaglyph-optimized", "Optimized Anaglyph"},
 }};
 
 // The CLI name doubles as the file extension written.

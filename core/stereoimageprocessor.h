@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include <QByteArray>
 #include <QImage>
 #include <QRectF>
 #include <QString>
@@ -40,6 +41,9 @@ public:
     bool isHalf = false;
     StereoAdjustment adjustment;
     StereoAdjustment adjustprev;
+    // The Exif block (TIFF structure) of the file the pair came from, the left file of a
+    // separate pair; every picture written from the pair carries it. Empty when there is none.
+    QByteArray cameraExif;
 
     bool hasPair() const { return leftOriginal.has_value() && rightOriginal.has_value(); }
 
@@ -47,11 +51,16 @@ public:
     void loadPair(const QImage &left, const QImage &right, bool resetHistory);
     // Splits a side-by-side picture at width / 2 (an odd last column is dropped).
     void loadSideBySide(const QImage &image, bool resetHistory);
+    // Splits an over/under picture at height / 2, the left view on top (an odd last row is dropped).
+    void loadOverUnder(const QImage &image, bool resetHistory);
 
     std::optional<ImagePair> render(bool useCache) const;
     // The adjusted (and swapped) pair at full width, whatever isHalf says.
     std::optional<ImagePair> renderFullWidth(bool useCache) const;
     std::optional<QImage> renderAnaglyph(int kind, bool useCache) const;
+    // The one picture a display mode shows and saves (side by side, half side by side, over/under,
+    // interlaced, every anaglyph); none for `imageBorder`, which the border composer frames.
+    std::optional<QImage> renderDisplayPicture(DisplayMode mode, bool useCache) const;
 
     // Colour-matches one source image to the other; `matcher(image, reference)` does the
     // matching (automatic colour matching supplies it).

@@ -28,7 +28,30 @@ struct ImagePair {
     QImage right;
 };
 
-enum class DisplayMode { sbs, anaglyph, anaglyphc, anaglyphd, hsbs, imageBorder };
+// Stored as its position: new modes go at the end so that saved values keep their meaning.
+enum class DisplayMode {
+    sbs,
+    anaglyph,
+    anaglyphc,
+    anaglyphd,
+    hsbs,
+    imageBorder,
+    overUnder,
+    halfOverUnder,
+    rowInterlaced,
+    columnInterlaced,
+    checkerboard,
+    anaglyphAmberBlue,
+    anaglyphGreenMagenta,
+    anaglyphHalfColor,
+    anaglyphOptimized,
+};
+
+// The anaglyph kinds of renderAnaglyph; the first three are the values `nAnamode` has always held.
+namespace AnaglyphKind {
+inline constexpr int gray = 0, colour = 1, duboisRedCyan = 2, duboisAmberBlue = 3, duboisGreenMagenta = 4,
+                     halfColour = 5, optimised = 6;
+}
 
 struct DisplayModeInfo {
     DisplayMode mode;
@@ -36,14 +59,30 @@ struct DisplayModeInfo {
     int anaglyphKind;   // kind for renderAnaglyph, -1 when not an anaglyph
 };
 
-inline constexpr std::array<DisplayModeInfo, 6> displayModes{{
+inline constexpr std::array<DisplayModeInfo, 15> displayModes{{
     {DisplayMode::sbs, "Side by Side", -1},
-    {DisplayMode::anaglyph, "Gray Anaglyph", 0},
-    {DisplayMode::anaglyphc, "Color Anaglyph", 1},
-    {DisplayMode::anaglyphd, "Dubois Anaglyph", 2},
+    {DisplayMode::anaglyph, "Gray Anaglyph", AnaglyphKind::gray},
+    {DisplayMode::anaglyphc, "Color Anaglyph", AnaglyphKind::colour},
+    {DisplayMode::anaglyphd, "Dubois Anaglyph", AnaglyphKind::duboisRedCyan},
     {DisplayMode::hsbs, "Half SBS", -1},
     {DisplayMode::imageBorder, "Image with Border", -1},
+    {DisplayMode::overUnder, "Over/Under", -1},
+    {DisplayMode::halfOverUnder, "Half Over/Under", -1},
+    {DisplayMode::rowInterlaced, "Row Interlaced", -1},
+    {DisplayMode::columnInterlaced, "Column Interlaced", -1},
+    {DisplayMode::checkerboard, "Checkerboard", -1},
+    {DisplayMode::anaglyphAmberBlue, "Dubois Amber-Blue Anaglyph", AnaglyphKind::duboisAmberBlue},
+    {DisplayMode::anaglyphGreenMagenta, "Dubois Green-Magenta Anaglyph", AnaglyphKind::duboisGreenMagenta},
+    {DisplayMode::anaglyphHalfColor, "Half Color Anaglyph", AnaglyphKind::halfColour},
+    {DisplayMode::anaglyphOptimized, "Optimized Anaglyph", AnaglyphKind::optimised},
 }};
+
+// Interlaced pictures only work on physical pixels: they are shown 1:1, never scaled.
+inline constexpr bool isInterlaced(DisplayMode mode)
+{
+    return mode == DisplayMode::rowInterlaced || mode == DisplayMode::columnInterlaced ||
+           mode == DisplayMode::checkerboard;
+}
 
 inline constexpr const DisplayModeInfo &displayModeInfo(DisplayMode mode)
 {
