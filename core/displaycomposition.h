@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include <QImage>
 #include <QPointF>
@@ -73,6 +74,9 @@ bool streamAdjustedPair(const QImage &left, const QImage &right, const StereoAdj
 
 // Half side-by-side squeeze: width x 0.5 truncated, height unchanged.
 QImage halfWidth(const QImage &image);
+// The source index of each of `length` outputs when `sourceLength` columns or rows are squeezed
+// to `length` by the painter's nearest-neighbour pick (0 < length <= sourceLength).
+std::vector<int32_t> nearestSourceIndices(int sourceLength, int length);
 
 // kind 0 gray, 1 colour, 2 Dubois (anything else: gray). Equal sizes required.
 std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second, int kind);

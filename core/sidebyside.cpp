@@ -19,23 +19,9 @@ namespace Vorel {
 
 namespace {
 
-// The painter's nearest-neighbour scaling steps its source column in 16.16 fixed point from
-// the centre of the first output pixel; that arithmetic wraps past 65537 source columns, so
-// wider pictures are left to the painter itself.
+// The painter's own column steps wrap past 65537 source columns, so wider pictures are left to
+// the painter itself.
 constexpr int widestSteppedSource = 65537;
-
-std::vector<int32_t> sourceColumns(int sourceWidth, int width)
-{
-    const double step = static_cast<double>(sourceWidth) / width;
-    const auto increment = static_cast<uint32_t>(static_cast<int>(0x10000 * step));
-    auto column = static_cast<uint32_t>(static_cast<int>(std::ceil(0.5 * step * 0x10000)) - 1);
-    std::vector<int32_t> columns(static_cast<size_t>(width));
-    for (int32_t &c : columns) {
-        c = static_cast<int32_t>(column >> 16);
-        column += increment;
-    }
-    return columns;
-}
 
 // out[x] = in[2x] for x in [0, width).
 void everySecond(const uint32_t *in, uint32_t *out, int width)
@@ -63,6 +49,22 @@ QImage paintedHalfWidth(const QImage &image, int width)
 
 } // namespace
 
+// The painter's nearest-neighbour scaling steps its source position in 16.16 fixed point from
+// the centre of the first output pixel; 64-bit steps give its picks wherever its own 32-bit
+// ones do not wrap, and go on past that for tall pictures.
+std::vector<int32_t> nearestSourceIndices(int sourceLength, int length)
+{
+    const double step = static_cast<double>(sourceLength) / length;
+    const auto increment = static_cast<uint64_t>(static_cast<int64_t>(0x10000 * step));
+    auto position = static_cast<uint64_t>(static_cast<int64_t>(std::ceil(0.5 * step * 0x10000)) - 1);
+    std::vector<int32_t> indices(static_cast<size_t>(length));
+    for (int32_t &index : indices) {
+        index = static_cast<int32_t>(position >> 16);
+        position += increment;
+    }
+    return indices;
+}
+
 // Drawn over transparent with the painter's default (nearest-neighbour) scaling, a 32-bit
 // pixel lands unchanged, so the squeeze is a pick of source columns.
 QImage halfWidth(const QImage &image)
@@ -75,7 +77,7 @@ QImage halfWidth(const QImage &image)
     if (half.isNull())
         return paintedHalfWidth(image, width);
 
-    const std::vector<int32_t> columns = sourceColumns(image.width(), width);
+    const std::vector<int32_t> columns = nearestSourceIndices(image.width(), width);
     bool evenStep = true;
     for (int x = 0; x < width && evenStep; ++x)
         evenStep = columns[x] == columns[0] + 2 * x;

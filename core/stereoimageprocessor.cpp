@@ -6,6 +6,7 @@
 
 #include "core/displaycomposition.h"
 #include "core/preferences.h"
+#include "core/stereolayouts.h"
 #include "formats/imagewriter.h"
 #include "formats/spatialphoto.h"
 
@@ -22,14 +23,44 @@ QImage redrawn(const QImage &image, QSize size)
     return scaled.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-// A view of columns [x, x+width) of a 32-bit image, sharing its pixels: the halves of a large
-// side-by-side picture cost no copy. The view keeps the whole picture alive; writing to it
+// A view of `area` of a 32-bit image, sharing its pixels: the halves of a large side-by-side or
+// over/under picture cost no copy. The view keeps the whole picture alive; writing to it
 // detaches as any QImage does.
-QImage columnsView(const QImage &image, int x, int width)
+QImage areaView(const QImage &image, QRect area)
 {
     auto *owner = new QImage(image);
-    return QImage(owner->constBits() + static_cast<qsizetype>(x) * 4, width, owner->height(), owner->bytesPerLine(),
-                  owner->format(), [](void *info) { delete static_cast<QImage *>(info); }, owner);
+    return QImage(owner->constBits() + static_cast<qsizetype>(area.y()) * owner->bytesPerLine() +
+                      static_cast<qsizetype>(area.x()) * 4,
+                  area.width(), area.height(), owner->bytesPerLine(), owner->format(),
+                  [](void *info) { delete static_cast<QImage *>(info); }, owner);
+}
+
+QImage as32Bit(const QImage &image)
+{
+    return image.depth() == 32 ? image : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+std::optional<QImage> unlessNull(const QImage &image)
+{
+    return image.isNull() ? std::nullopt : std::optional(image);
+}
+
+std::optional<StereoLayout> layoutOf(DisplayMode mode)
+{
+    switch (mode) {
+    case DisplayMode::overUnder:
+        return StereoLayout::overUnder;
+    case DisplayMode::halfOverUnder:
+        return StereoLayout::halfOverUnder;
+    case DisplayMode::rowInterlaced:
+        return StereoLayout::rowInterlaced;
+    case DisplayMode::columnInterlaced:
+        return StereoLayout::columnInterlaced;
+    case DisplayMode::checkerboard:
+        return StereoLayout::checkerboard;
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -52,9 +83,20 @@ void StereoImageProcessor::loadSideBySide(const QImage &image, bool resetHistory
     const int half = image.width() / 2;
     if (image.isNull() || half <= 0)
         return;
-    const QImage whole = image.depth() == 32 ? image : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    leftOriginal = columnsView(whole, 0, half);
-    rightOriginal = columnsView(whole, half, half);
+    const QImage whole = as32Bit(image);
+    leftOriginal = areaView(whole, QRect(0, 0, half, whole.height()));
+    rightOriginal = areaView(whole, QRect(half, 0, half, whole.height()));
+    resetAfterLoad(resetHistory);
+}
+
+void StereoImageProcessor::loadOverUnder(const QImage &image, bool resetHistory)
+{
+    const int half = image.height() / 2;
+    if (image.isNull() || half <= 0)
+        return;
+    const QImage whole = as32Bit(image);
+    leftOriginal = areaView(whole, QRect(0, 0, whole.width(), half));
+    rightOriginal = areaView(whole, QRect(0, half, whole.width(), half));
     resetAfterLoad(resetHistory);
 }
 
@@ -109,6 +151,26 @@ std::optional<QImage> StereoImageProcessor::renderAnaglyph(int kind, bool useCac
     if (!left || !right)
         return std::nullopt;
     return composeAdjustedAnaglyph(*left, *right, adjustment, isSwap, kind);
+}
+
+std::optional<QImage> StereoImageProcessor::renderDisplayPicture(DisplayMode mode, bool useCache) const
+{
+    if (const int kind = displayModeInfo(mode).anaglyphKind; kind >= 0)
+        return renderAnaglyph(kind, useCache);
+    if (const std::optional<StereoLayout> layout = layoutOf(mode)) {
+        const auto [left, right] = sources(useCache);
+        if (!left || !right)
+            return std::nullopt;
+        return composeAdjustedLayout(*left, *right, adjustment, isSwap, *layout);
+    }
+    if (mode != DisplayMode::sbs && mode != DisplayMode::hsbs)
+        return std::nullopt;
+    const std::optional<ImagePair> pair = renderFullWidth(useCache);
+    if (!pair)
+        return std::nullopt;
+    if (mode == DisplayMode::hsbs)
+        return unlessNull(composeSideBySide(halfWidth(pair->left), halfWidth(pair->right)));
+    return unlessNull(composeSideBySide(pair->left, pair->right));
 }
 
 void StereoImageProcessor::makePreviewCache(int maxWidth, int maxHeight)

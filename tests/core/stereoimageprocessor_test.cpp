@@ -1,11 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <map>
+#include <utility>
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include "core/displaycomposition.h"
 #include "core/preferences.h"
 #include "core/stereoimageprocessor.h"
+#include "core/stereolayouts.h"
+#include "tests/core/noiseimage.h"
 
 using namespace Vorel;
 
@@ -18,25 +24,31 @@ QImage filled(int w, int h, QRgb colour)
     return image;
 }
 
-TEST(StereoImageProcessor, SideBySideSplitDropsOddColumn)
+// Either split cuts zero-copy views out of a 32-bit picture and drops an odd last column or row.
+TEST(StereoImageProcessor, SplitsDropTheOddColumnOrRow)
 {
     struct Row {
-        int width, half;
-    } rows[] = {{1001, 500}, {1000, 500}, {3, 1}, {2, 1}};
+        bool overUnder;
+        int length, half;
+    } rows[] = {{false, 1001, 500}, {false, 1000, 500}, {false, 3, 1}, {false, 2, 1},
+                {true, 9, 4},       {true, 8, 4},       {true, 3, 1},  {true, 2, 1}};
     for (const Row &row : rows) {
-        QImage sbs = filled(row.width, 4, qRgb(10, 10, 10));
-        for (int y = 0; y < 4; ++y)
-            sbs.setPixel(row.half, y, qRgb(200, 0, 0)); // first column of the right half
+        const QSize size = row.overUnder ? QSize(4, row.length) : QSize(row.length, 4);
+        QImage picture = filled(size.width(), size.height(), qRgb(10, 10, 10));
+        picture.setPixel(row.overUnder ? 0 : row.half, row.overUnder ? row.half : 0, qRgb(200, 0, 0));
         StereoImageProcessor proc;
-        proc.loadSideBySide(sbs, true);
-        ASSERT_TRUE(proc.hasPair()) << row.width;
-        EXPECT_EQ(proc.leftOriginal->width(), row.half);
-        EXPECT_EQ(proc.rightOriginal->width(), row.half);
-        EXPECT_EQ(proc.rightOriginal->pixel(0, 0), qRgb(200, 0, 0));
+        row.overUnder ? proc.loadOverUnder(picture, true) : proc.loadSideBySide(picture, true);
+        ASSERT_TRUE(proc.hasPair()) << row.length;
+        const QSize view = row.overUnder ? QSize(4, row.half) : QSize(row.half, 4);
+        EXPECT_EQ(proc.leftOriginal->size(), view) << row.length;
+        EXPECT_EQ(proc.rightOriginal->size(), view) << row.length;
+        EXPECT_EQ(proc.rightOriginal->pixel(0, 0), qRgb(200, 0, 0)) << row.length;
+        EXPECT_EQ(proc.leftOriginal->constBits(), std::as_const(picture).constBits()) << row.length;
         EXPECT_EQ(proc.history.undoCount(), 1);
     }
     StereoImageProcessor proc;
     proc.loadSideBySide(filled(1, 4, 0), true); // no half can be cut
+    proc.loadOverUnder(filled(4, 1, 0), true);
     EXPECT_FALSE(proc.hasPair());
 }
 
@@ -98,11 +110,50 @@ TEST(StereoImageProcessor, RememberAdjustmentWritesOnlyChanges)
     EXPECT_FALSE(prefs.contains(QStringLiteral("batch.manualH")));
 }
 
+// The display picture of every mode against what the window composed before it existed: the
+// side-by-side of the (half-width) pair, the anaglyph, the layout of the adjusted, swapped pair.
+TEST(StereoImageProcessor, DisplayPictureOfEveryMode)
+{
+    StereoImageProcessor proc;
+    proc.loadPair(TestReference::noiseImage(120, 81, 1), TestReference::noiseImage(120, 81, 2), false);
+    proc.adjustment = {1.5, -0.5, 1.0, 2.0};
+    proc.isSwap = true;
+    const ImagePair pair = *proc.renderFullWidth(false);
+    const ImagePair half{halfWidth(pair.left), halfWidth(pair.right)};
+    const std::map<DisplayMode, StereoLayout> layouts{
+        {DisplayMode::overUnder, StereoLayout::overUnder},
+        {DisplayMode::halfOverUnder, StereoLayout::halfOverUnder},
+        {DisplayMode::rowInterlaced, StereoLayout::rowInterlaced},
+        {DisplayMode::columnInterlaced, StereoLayout::columnInterlaced},
+        {DisplayMode::checkerboard, StereoLayout::checkerboard}};
+    for (const DisplayModeInfo &info : displayModes) {
+        std::optional<QImage> expected;
+        if (info.anaglyphKind >= 0)
+            expected = proc.renderAnaglyph(info.anaglyphKind, false);
+        else if (info.mode == DisplayMode::sbs)
+            expected = composeSideBySide(pair.left, pair.right);
+        else if (info.mode == DisplayMode::hsbs)
+            expected = composeSideBySide(half.left, half.right);
+        else if (layouts.contains(info.mode))
+            expected = composeLayout(pair.left, pair.right, layouts.at(info.mode));
+        ASSERT_EQ(expected.has_value(), info.mode != DisplayMode::imageBorder) << info.uiText;
+        for (const bool isHalf : {false, true}) {
+            proc.isHalf = isHalf; // the mode alone decides
+            const std::optional<QImage> picture = proc.renderDisplayPicture(info.mode, false);
+            ASSERT_EQ(picture.has_value(), expected.has_value()) << info.uiText;
+            if (expected)
+                EXPECT_EQ(*picture, *expected) << info.uiText;
+        }
+    }
+}
+
 TEST(StereoImageProcessor, EmptyProcessorRendersNothing)
 {
     StereoImageProcessor proc;
     EXPECT_FALSE(proc.render(false));
     EXPECT_FALSE(proc.renderAnaglyph(2, false));
+    for (const DisplayModeInfo &info : displayModes)
+        EXPECT_FALSE(proc.renderDisplayPicture(info.mode, false)) << info.uiText;
     EXPECT_FALSE(proc.saveSideBySide(QStringLiteral("/nonexistent/x.png")));
 }
 
