@@ -3,6 +3,7 @@
 #include "app/controlpanelwidget.h"
 
 #include <cmath>
+#include <span>
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -34,9 +35,6 @@ constexpr SliderSpec sliderSpecs[] = {
     {"Rot.", &StereoAdjustment::rotation, -45, 45},
     {"Size", &StereoAdjustment::scale, -100, 100},
 };
-
-constexpr DisplayMode panelModes[] = {DisplayMode::sbs, DisplayMode::anaglyph, DisplayMode::anaglyphc,
-                                      DisplayMode::anaglyphd, DisplayMode::hsbs, DisplayMode::imageBorder};
 
 } // namespace
 
@@ -116,14 +114,25 @@ QWidget *ControlPanelWidget::makeViewPage()
     swapButton = new QCheckBox(tr("Swap L/R"));
     layout->addWidget(swapButton);
     connect(swapButton, &QAbstractButton::clicked, this, &ControlPanelWidget::swapClicked);
-    auto *group = new QButtonGroup(page);
-    for (size_t i = 0; i < modeButtons.size(); ++i) {
-        modeButtons[i] = new QRadioButton(tr(displayModeInfo(panelModes[i]).uiText));
-        group->addButton(modeButtons[i]);
-        layout->addWidget(modeButtons[i]);
-        connect(modeButtons[i], &QRadioButton::clicked, this, [this, i] { emit modeChosen(panelModes[i]); });
+    const std::span modes(displayModes);
+    modeButtons = new QButtonGroup(page);
+    for (const DisplayModeInfo &info : modes.first(classicDisplayModeCount)) {
+        auto *button = new QRadioButton(tr(info.uiText));
+        modeButtons->addButton(button, int(info.mode));
+        layout->addWidget(button);
     }
-    modeButtons[0]->setChecked(true);
+    connect(modeButtons, &QButtonGroup::idClicked, this, [this](int mode) { emit modeChosen(DisplayMode(mode)); });
+    // Fifteen radio buttons would crowd the page: the later modes share one list.
+    auto *more = new QHBoxLayout;
+    more->addWidget(new QLabel(tr("More:")));
+    moreModes = new QComboBox;
+    for (const DisplayModeInfo &info : modes.subspan(classicDisplayModeCount))
+        moreModes->addItem(tr(info.uiText), int(info.mode));
+    more->addWidget(moreModes, 1);
+    layout->addLayout(more);
+    connect(moreModes, &QComboBox::activated, this,
+            [this](int item) { emit modeChosen(DisplayMode(moreModes->itemData(item).toInt())); });
+    setMode(DisplayMode::sbs);
     for (const QString &text : {tr("Image with border settings"), tr("Full screen"), tr("External monitor"), tr("Fit to screen"), tr("Actual image size")})
         layout->addWidget(new QPushButton(text));
     layout->addStretch();
@@ -190,9 +199,12 @@ QString ControlPanelWidget::formatValue(double value)
 
 void ControlPanelWidget::setMode(DisplayMode mode)
 {
-    for (size_t i = 0; i < modeButtons.size(); ++i)
-        if (panelModes[i] == mode)
-            modeButtons[i]->setChecked(true);
+    // An exclusive group keeps one button checked: it lets go while the marks are set.
+    modeButtons->setExclusive(false);
+    for (QAbstractButton *button : modeButtons->buttons())
+        button->setChecked(modeButtons->id(button) == int(mode));
+    modeButtons->setExclusive(true);
+    moreModes->setCurrentIndex(moreModes->findData(int(mode)));
 }
 
 void ControlPanelWidget::setSwapped(bool swapped) { swapButton->setChecked(swapped); }

@@ -11,13 +11,17 @@
 #include "core/stereotypes.h"
 
 class QAbstractButton;
+class QButtonGroup;
 class QComboBox;
 class QLabel;
 class QPushButton;
-class QRadioButton;
 class QSlider;
 
 namespace Vorel {
+
+// The display modes the application has always had, first in displayModes: radio buttons on
+// the panel and the keys Ctrl+1 to Ctrl+6 in the menu. The later ones are chosen from a list.
+inline constexpr size_t classicDisplayModeCount = 6;
 
 class ControlPanelWidget : public QTabWidget {
     Q_OBJECT
@@ -29,6 +33,7 @@ public:
     // Sets sliders and labels from an adjustment without echoing adjustmentChanged.
     void showAdjustment(const StereoAdjustment &adjustment);
     StereoAdjustment currentAdj() const { return current; }
+    // Marks the mode's radio button, or shows it in the "More:" list with no button marked.
     void setMode(DisplayMode mode);
     void setSwapped(bool swapped);
     void setFileInformation(const QString &text);
@@ -62,7 +67,8 @@ private:
     void onSliderMoved();
 
     std::array<SliderRow, 4> sliders;
-    std::array<QRadioButton *, 6> modeButtons{};
+    QButtonGroup *modeButtons = nullptr; // button ids are the modes
+    QComboBox *moreModes = nullptr;
     QAbstractButton *swapButton = nullptr;
     QLabel *fileInformation = nullptr;
     QComboBox *recentFiles = nullptr;

@@ -15,10 +15,17 @@
 #include "border/borderedpair.h"
 #include "border/imageborderprocessor.h"
 #include "border/imagebordersettingsdialog.h"
-#include "core/displaycomposition.h"
 #include "projector/projectorlink.h"
 
 namespace Vorel {
+
+namespace {
+
+// The side-by-side modes show the two views in two scroll views that scroll and zoom together
+// (each with its own crop rectangle), not as the one composed picture they save.
+bool showsViewsApart(DisplayMode mode) { return mode == DisplayMode::sbs || mode == DisplayMode::hsbs; }
+
+} // namespace
 
 MainWindow::MainWindow(std::unique_ptr<Preferences> preferences, QWidget *parent)
     : QMainWindow(parent), prefs(std::move(preferences))
@@ -124,14 +131,12 @@ std::optional<ProjectedPictures> MainWindow::projectedPictures() const
     const std::optional<ImagePair> pair = proc.renderFullWidth(false);
     if (!pair)
         return std::nullopt;
-    return ProjectedPictures{pair->left, pair->right, displayImage().value_or(QImage())};
+    return ProjectedPictures{pair->left, pair->right, displayImage().value_or(QImage()), isInterlaced(mode)};
 }
 
 void MainWindow::setDisplayMode(DisplayMode newMode)
 {
     mode = newMode;
-    if (const int kind = displayModeInfo(mode).anaglyphKind; kind >= 0)
-        nAnamode = kind;
     proc.isHalf = mode == DisplayMode::hsbs;
     panel->setMode(mode);
     redisplay();
@@ -181,11 +186,11 @@ void MainWindow::redisplay()
                 return std::nullopt;
             return ImageBorderProcessor().compose(pair->left, pair->right, settings);
         });
-    } else if (displayModeInfo(mode).anaglyphKind >= 0) {
-        if (const std::optional<QImage> anaglyph = proc.renderAnaglyph(nAnamode, true))
-            view->showSingle(*anaglyph);
-    } else if (const std::optional<ImagePair> pair = proc.render(true)) {
-        view->showPair(pair->left, pair->right);
+    } else if (showsViewsApart(mode)) {
+        if (const std::optional<ImagePair> pair = proc.render(true))
+            view->showPair(pair->left, pair->right);
+    } else if (const std::optional<QImage> picture = proc.renderDisplayPicture(mode, true)) {
+        view->showSingle(*picture, isInterlaced(mode));
     }
     projection->picturesChanged();
 }
@@ -215,12 +220,7 @@ std::optional<QImage> MainWindow::displayImage() const
 {
     if (mode == DisplayMode::imageBorder)
         return composeBorderedPair(proc, ibSettings, false);
-    if (displayModeInfo(mode).anaglyphKind >= 0)
-        return proc.renderAnaglyph(nAnamode, false);
-    const std::optional<ImagePair> pair = proc.render(false);
-    if (!pair)
-        return std::nullopt;
-    return composeSideBySide(pair->left, pair->right);
+    return proc.renderDisplayPicture(mode, false);
 }
 
 } // namespace Vorel

@@ -36,8 +36,11 @@ public:
                         QWidget *parent = nullptr);
     ~MainWindow() override;
 
-    // Opens one file, or two as a left/right pair, and lists the folder for stepping.
-    bool openPaths(QStringList paths);
+    // Opens one file, read as `kind` says, or two as a left/right pair, and lists the folder for
+    // stepping; stepping reads the folder's files as `kind` says too.
+    bool openPaths(QStringList paths, StereoFileKind kind = StereoFileKind::byExtension);
+    // Writes the display image, or with ".mpo" or ".jps" the full-width adjusted pair, with the
+    // source's camera Exif. Failures are alerted.
     bool saveDisplayImage(const QString &path);
 
     // Shows a message to the user; replaceable so tests can read alerts.
@@ -97,7 +100,7 @@ private:
     void connectPanel();
     bool handleKey(int key);
     bool requirePair();
-    bool openEntryAndShow(const StereoEntry &entry);
+    bool openEntryAndShow(const StereoEntry &entry, StereoFileKind kind);
     void stepEntry(int direction);
     void applyHistoryState(const std::optional<ImagePair> &state);
     void applyAlignment(const std::optional<QImage> &picture);
@@ -108,6 +111,7 @@ private:
     void redisplayNewPair();
     void updateControls();
     void chooseFilesToOpen();
+    void chooseOverUnderFileToOpen();
     void chooseFileToSave();
     std::optional<ProjectedPictures> projectedPictures() const;
 
@@ -115,7 +119,7 @@ private:
     StereoImageProcessor proc;
     FolderNavigator folder;
     DisplayMode mode = DisplayMode::sbs;
-    int nAnamode = 0;
+    StereoFileKind openedKind = StereoFileKind::byExtension; // how the shown single file was read
     QString lastOpenedURL;
     QString openedDescription;
     ControlPanelWidget *panel = nullptr;

@@ -26,19 +26,19 @@ namespace Vorel {
 
 namespace {
 
-const char *const openFilter = "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.bmp "
-                               "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.BMP)";
+const char *const openFilter = "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.jps *.pns *.bmp "
+                               "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.JPS *.PNS *.BMP)";
 
 } // namespace
 
-bool MainWindow::openPaths(QStringList paths)
+bool MainWindow::openPaths(QStringList paths, StereoFileKind kind)
 {
     if (paths.isEmpty() || paths.size() > 2)
         return false;
     sortNaturally(paths);
     const bool pair = paths.size() == 2;
     const StereoEntry entry{paths[0], pair ? paths[1] : QString()};
-    if (!openEntryAndShow(entry))
+    if (!openEntryAndShow(entry, kind))
         return false;
     folder.rebuild(paths[0], pair ? FolderNavigator::filePair : FolderNavigator::singleFile);
     fileHistory->add(FileHistory::forFiles(paths));
@@ -62,9 +62,9 @@ void MainWindow::openRecent(int index)
         alert(tr("Cannot open %1").arg(FileHistory::title(entry)));
 }
 
-bool MainWindow::openEntryAndShow(const StereoEntry &entry)
+bool MainWindow::openEntryAndShow(const StereoEntry &entry, StereoFileKind kind)
 {
-    if (!openEntry(proc, entry)) {
+    if (!openEntry(proc, entry, kind)) {
         statusBar()->showMessage(tr("Cannot open %1").arg(QFileInfo(entry.left).fileName()), 8000);
         // Every open starts from a neutral adjustment, even a failed one that keeps the previous pair.
         proc.adjustment = {};
@@ -73,6 +73,7 @@ bool MainWindow::openEntryAndShow(const StereoEntry &entry)
         return false;
     }
     lastOpenedURL = entry.left;
+    openedKind = kind;
     openedDescription = entry.isSeparatePair() && entry.right != entry.left
                             ? QFileInfo(entry.left).fileName() + QStringLiteral(" + ") + QFileInfo(entry.right).fileName()
                             : QFileInfo(entry.left).fileName();
@@ -87,7 +88,7 @@ bool MainWindow::openEntryAndShow(const StereoEntry &entry)
 void MainWindow::stepEntry(int direction)
 {
     if (const std::optional<StereoEntry> entry = folder.step(direction))
-        openEntryAndShow(*entry);
+        openEntryAndShow(*entry, openedKind);
     updateControls();
 }
 
@@ -99,6 +100,14 @@ void MainWindow::chooseFilesToOpen()
         alert(tr("Choose one side-by-side file, or two files (left and right)."));
     else if (!paths.isEmpty())
         openPaths(paths);
+}
+
+void MainWindow::chooseOverUnderFileToOpen()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open as over/under..."),
+                                                      QFileInfo(lastOpenedURL).path(), tr(openFilter));
+    if (!path.isEmpty())
+        openPaths({path}, StereoFileKind::overUnder);
 }
 
 void MainWindow::chooseFileToSave()

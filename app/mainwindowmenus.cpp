@@ -34,13 +34,27 @@ struct MenuItem {
 
 void MainWindow::buildMenus()
 {
-    const auto modeItem = [](const char *title, DisplayMode m, QKeySequence key) {
-        return MenuItem{title, key, false, [m](MainWindow &w) { w.setDisplayMode(m); }};
-    };
     const MenuItem separator{nullptr, QKeySequence(), false, {}};
+    // Every display mode in the order of displayModes; the classic ones keep Ctrl+1 to Ctrl+6.
+    std::vector<MenuItem> view{{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap}};
+    for (size_t i = 0; i < displayModes.size(); ++i) {
+        const DisplayMode m = displayModes[i].mode;
+        const QKeySequence key = i < classicDisplayModeCount ? QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(i)))
+                                                             : QKeySequence();
+        view.push_back({displayModes[i].uiText, key, false, [m](MainWindow &w) { w.setDisplayMode(m); }});
+    }
+    view.insert(view.end(),
+                {{"Image with border settings", QKeySequence(), false, &MainWindow::cpBorderSettings},
+                 {"Fit to screen", QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
+                 {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
+                 {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
+                  [](MainWindow &w) { w.panel->setVisible(!w.panel->isVisible()); }},
+                 {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen},
+                 {"External monitor", QKeySequence(), false, &MainWindow::cpExternalMonitor}});
     const std::pair<const char *, std::vector<MenuItem>> menus[] = {
         {"File",
          {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
+          {"Open as over/under...", QKeySequence(), false, &MainWindow::chooseOverUnderFileToOpen},
           {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
           {"Save as Spatial Photo...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), false,
            &MainWindow::cpSaveSpatialPhoto},
@@ -57,21 +71,7 @@ void MainWindow::buildMenus()
           {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
           {"Crop", QKeySequence(), false, &MainWindow::cpCrop},
           {"Resize", QKeySequence(), false, &MainWindow::cpResize}}},
-        {"View",
-         {{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap},
-          modeItem("Side by Side", DisplayMode::sbs, QKeySequence(Qt::CTRL | Qt::Key_1)),
-          modeItem("Gray Anaglyph", DisplayMode::anaglyph, QKeySequence(Qt::CTRL | Qt::Key_2)),
-          modeItem("Color Anaglyph", DisplayMode::anaglyphc, QKeySequence(Qt::CTRL | Qt::Key_3)),
-          modeItem("Dubois Anaglyph", DisplayMode::anaglyphd, QKeySequence(Qt::CTRL | Qt::Key_4)),
-          modeItem("Half SBS", DisplayMode::hsbs, QKeySequence(Qt::CTRL | Qt::Key_5)),
-          modeItem("Image with Border", DisplayMode::imageBorder, QKeySequence(Qt::CTRL | Qt::Key_6)),
-          {"Image with border settings", QKeySequence(), false, &MainWindow::cpBorderSettings},
-          {"Fit to screen", QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
-          {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
-          {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
-           [](MainWindow &w) { w.panel->setVisible(!w.panel->isVisible()); }},
-          {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen},
-          {"External monitor", QKeySequence(), false, &MainWindow::cpExternalMonitor}}},
+        {"View", view},
     };
     for (const auto &[title, items] : menus) {
         QMenu *menu = menuBar()->addMenu(tr(title));

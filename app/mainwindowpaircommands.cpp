@@ -18,6 +18,18 @@
 
 namespace Vorel {
 
+namespace {
+
+// A drawn rectangle cuts the pair only where the picture it is drawn on has one view's frame:
+// not on the squeezed half-width views, the stacked over/under views or the bordered layout.
+bool cropsOnOneView(DisplayMode mode)
+{
+    return mode != DisplayMode::hsbs && mode != DisplayMode::imageBorder && mode != DisplayMode::overUnder &&
+           mode != DisplayMode::halfOverUnder;
+}
+
+} // namespace
+
 void MainWindow::applyHistoryState(const std::optional<ImagePair> &state)
 {
     if (!state)
@@ -99,7 +111,7 @@ void MainWindow::cpCrop()
     }
     const CropOverlayView *overlay = view->cropOverlay();
     const QRectF drawn = overlay->cropRect();
-    const bool cuts = mode != DisplayMode::hsbs && mode != DisplayMode::imageBorder && !drawn.isNull();
+    const bool cuts = cropsOnOneView(mode) && !drawn.isNull();
     if (cuts) {
         // Fractions of the picture the overlay spans, origin top-left.
         const QSizeF spanned = overlay->size();

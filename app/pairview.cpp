@@ -75,17 +75,19 @@ void PairView::showPair(const QImage &left, const QImage &right)
     images[0] = left;
     images[1] = right;
     pairShown = true;
+    pixelExact = false;
     areas[1]->show();
     labels[0]->setPixmap(QPixmap::fromImage(left));
     labels[1]->setPixmap(QPixmap::fromImage(right));
     applyZoom();
 }
 
-void PairView::showSingle(const QImage &image)
+void PairView::showSingle(const QImage &image, bool exact)
 {
     images[0] = image;
     images[1] = QImage();
     pairShown = false;
+    pixelExact = exact;
     areas[1]->hide();
     labels[0]->setPixmap(QPixmap::fromImage(image));
     labels[1]->clear();
@@ -158,7 +160,9 @@ void PairView::applyZoom()
     const QImage &first = images[0];
     if (first.isNull())
         return;
-    if (fitting)
+    if (pixelExact)
+        scale = 1 / devicePixelRatioF();
+    else if (fitting)
         scale = fitScale();
     for (int i = 0; i < 2; ++i)
         if (!images[i].isNull())

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The picture area: two scroll views that scroll and zoom together for the side-by-side
-// modes, or one for a single composed picture (anaglyphs).
+// modes, or one for a single composed picture (anaglyphs, over/under, interlaced).
 #pragma once
 
 #include <QPoint>
@@ -21,7 +21,9 @@ public:
     explicit PairView(QWidget *parent = nullptr);
 
     void showPair(const QImage &left, const QImage &right);
-    void showSingle(const QImage &image);
+    // A pixel-exact picture (an interlaced one) is shown one picture pixel on one screen pixel,
+    // whatever fitting or actual size asks: its lines only work on the screen's own lines.
+    void showSingle(const QImage &image, bool pixelExact = false);
     void clear();
 
     void fitToView();
@@ -59,6 +61,7 @@ private:
     CropOverlayView *overlays[2] = {nullptr, nullptr};
     QImage images[2];
     bool pairShown = false;
+    bool pixelExact = false;
     bool fitting = true;
     double scale = 1;
     QTimer longPress;

@@ -20,36 +20,40 @@ double FitImageView::fitScale() const
     return iw > 0 && ih > 0 && vw > 0 && vh > 0 ? std::min(vw / iw, vh / ih) : 1.0;
 }
 
-void FitImageView::setImage(const QImage &image)
+void FitImageView::setImage(const QImage &image, bool exact)
 {
     picture = image;
+    pixelExact = exact;
     reduced = QImage();
     reducedLevel = 0;
-    if (followedZoom)
-        followView(*followedZoom, followedCentre.x(), followedCentre.y());
-    else {
-        currentScale = fitScale();
-        currentOffset = {};
-        update();
-    }
+    place();
 }
 
 void FitImageView::followView(double z, double u, double v)
 {
     followedZoom = z;
     followedCentre = {u, v};
-    currentScale = z * fitScale();
-    currentOffset = {(0.5 - u) * picture.width() * currentScale, (0.5 - v) * picture.height() * currentScale};
-    update();
+    place();
 }
 
 void FitImageView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    if (followedZoom)
-        followView(*followedZoom, followedCentre.x(), followedCentre.y());
-    else
+    place();
+}
+
+void FitImageView::place()
+{
+    currentOffset = {};
+    if (pixelExact)
+        currentScale = 1 / devicePixelRatioF();
+    else if (followedZoom) {
+        currentScale = *followedZoom * fitScale();
+        currentOffset = {(0.5 - followedCentre.x()) * picture.width() * currentScale,
+                         (0.5 - followedCentre.y()) * picture.height() * currentScale};
+    } else
         currentScale = fitScale();
+    update();
 }
 
 const QImage &FitImageView::sourceFor(double scale)
@@ -75,6 +79,16 @@ void FitImageView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Qt::black);
     if (picture.isNull())
         return;
+    if (pixelExact) {
+        // On whole screen pixels, unsmoothed, so that no line is blended with its neighbour.
+        const qreal ratio = devicePixelRatioF();
+        QImage shown = picture;
+        shown.setDevicePixelRatio(ratio);
+        const QPointF corner(std::floor((width() * ratio - picture.width()) / 2) / ratio,
+                             std::floor((height() * ratio - picture.height()) / 2) / ratio);
+        painter.drawImage(corner, shown);
+        return;
+    }
     const double w = picture.width() * currentScale, h = picture.height() * currentScale;
     const QRectF target(width() / 2.0 + currentOffset.x() - w / 2, height() / 2.0 + currentOffset.y() - h / 2, w, h);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One picture drawn on black at a scale and offset, fitted and centred by default; what every
-// projector screen shows.
+// projector screen shows. A pixel-exact picture is drawn unscaled instead.
 #pragma once
 
 #include <optional>
@@ -17,7 +17,10 @@ class FitImageView : public QWidget {
 public:
     explicit FitImageView(QWidget *parent = nullptr);
 
-    void setImage(const QImage &image); // fitted and centred again
+    // Fitted and centred again. A pixel-exact picture (an interlaced one) is centred one picture
+    // pixel on one screen pixel, cropped when larger than the view, and never follows the main
+    // view: its lines only work on the screen's own lines.
+    void setImage(const QImage &image, bool pixelExact = false);
     // The main view's relative zoom z and visible centre (u, v), as fractions of the picture
     // from its top-left corner: the point (u, v) lands in the middle of this view.
     void followView(double z, double u, double v);
@@ -32,9 +35,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void place();
     const QImage &sourceFor(double scale);
 
     QImage picture;
+    bool pixelExact = false;
     double currentScale = 1;
     QPointF currentOffset;
     std::optional<double> followedZoom;

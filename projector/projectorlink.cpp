@@ -49,7 +49,7 @@ void ProjectorLink::start(const std::vector<ProjectorScreen> &screens, Projectio
         alert(tr("Image not loaded"));
         return;
     }
-    manager.start(screens, mode, pictures->left, pictures->right, pictures->single);
+    manager.start(screens, mode, *pictures);
     if (selectionPanel)
         selectionPanel->setProjecting(true);
 }
@@ -73,7 +73,7 @@ void ProjectorLink::refreshPictures()
     if (!manager.isProjecting)
         return;
     if (const std::optional<ProjectedPictures> pictures = pictureSource())
-        manager.updateImages(pictures->left, pictures->right, pictures->single);
+        manager.updateImages(*pictures);
 }
 
 void ProjectorLink::viewChanged(double z, double u, double v) { manager.syncTransform(z, u, v); }

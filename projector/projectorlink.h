@@ -7,7 +7,6 @@
 #include <functional>
 #include <optional>
 
-#include <QImage>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -18,12 +17,6 @@
 class QWidget;
 
 namespace Vorel {
-
-// The full-size pictures a projection shows: the adjusted pair, and the window's displayed
-// picture for single mode.
-struct ProjectedPictures {
-    QImage left, right, single;
-};
 
 class ProjectorLink : public QObject {
     Q_OBJECT

@@ -8,8 +8,8 @@ namespace Vorel {
 
 ProjectorManager::~ProjectorManager() { stop(); }
 
-void ProjectorManager::start(const std::vector<ProjectorScreen> &screens, ProjectionMode mode, const QImage &left,
-                             const QImage &right, const QImage &single)
+void ProjectorManager::start(const std::vector<ProjectorScreen> &screens, ProjectionMode mode,
+                             const ProjectedPictures &pictures)
 {
     stop();
     using Content = ProjectorWindowController::Content;
@@ -20,7 +20,7 @@ void ProjectorManager::start(const std::vector<ProjectorScreen> &screens, Projec
         else if (mode == ProjectionMode::single)
             content = Content::single;
         projectorWindows.push_back(std::make_unique<ProjectorWindowController>(screens[i], content));
-        projectorWindows.back()->setImages(left, right, single);
+        projectorWindows.back()->setImages(pictures);
     }
     currentMode = mode;
     currentScreens = screens;
@@ -35,10 +35,10 @@ void ProjectorManager::stop()
     isProjecting = false;
 }
 
-void ProjectorManager::updateImages(const QImage &left, const QImage &right, const QImage &single)
+void ProjectorManager::updateImages(const ProjectedPictures &pictures)
 {
     for (auto &window : projectorWindows) {
-        window->setImages(left, right, single);
+        window->setImages(pictures);
         if (following)
             window->followView(zoom, centreU, centreV);
     }

@@ -19,11 +19,10 @@ class ProjectorManager {
 public:
     ~ProjectorManager();
 
-    // Stops a running projection first. `single` is what single mode shows on every screen.
-    void start(const std::vector<ProjectorScreen> &screens, ProjectionMode mode, const QImage &left,
-               const QImage &right, const QImage &single = QImage());
+    // Stops a running projection first. Single mode shows `pictures.single` on every screen.
+    void start(const std::vector<ProjectorScreen> &screens, ProjectionMode mode, const ProjectedPictures &pictures);
     void stop();
-    void updateImages(const QImage &left, const QImage &right, const QImage &single = QImage());
+    void updateImages(const ProjectedPictures &pictures);
     void syncTransform(double z, double u, double v);
     // Closes the windows on a screen that went away; the others go on.
     void screenRemoved(QScreen *screen);

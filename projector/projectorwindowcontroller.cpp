@@ -40,21 +40,21 @@ ProjectorWindowController::ProjectorWindowController(const ProjectorScreen &scre
 
 ProjectorWindowController::~ProjectorWindowController() = default;
 
-void ProjectorWindowController::setImages(const QImage &left, const QImage &right, const QImage &single)
+void ProjectorWindowController::setImages(const ProjectedPictures &pictures)
 {
     switch (content) {
     case Content::both:
-        sbsView->leftView->setImage(left);
-        sbsView->rightView->setImage(right);
+        sbsView->leftView->setImage(pictures.left);
+        sbsView->rightView->setImage(pictures.right);
         break;
     case Content::left:
-        singleView->setImage(left);
+        singleView->setImage(pictures.left);
         break;
     case Content::right:
-        singleView->setImage(right);
+        singleView->setImage(pictures.right);
         break;
     case Content::single:
-        singleView->setImage(single);
+        singleView->setImage(pictures.single, pictures.singlePixelExact);
         break;
     }
 }

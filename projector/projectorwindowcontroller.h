@@ -22,6 +22,14 @@ struct ProjectorScreen {
     QScreen *screen = nullptr;
 };
 
+// The full-size pictures a projection shows: the adjusted pair, and the window's displayed
+// picture for single mode. An interlaced single picture is pixel-exact: its lines only work on
+// the screen's own lines, so it is shown unscaled, centred and cropped, never fitted.
+struct ProjectedPictures {
+    QImage left, right, single;
+    bool singlePixelExact = false;
+};
+
 class ProjectorWindowController {
 public:
     enum class Content { both, left, right, single };
@@ -29,7 +37,7 @@ public:
     ProjectorWindowController(const ProjectorScreen &screen, Content content);
     ~ProjectorWindowController();
 
-    void setImages(const QImage &left, const QImage &right, const QImage &single);
+    void setImages(const ProjectedPictures &pictures);
     void followView(double z, double u, double v);
 
     QWidget *window() const { return windowWidget.get(); }

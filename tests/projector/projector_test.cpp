@@ -70,7 +70,7 @@ private slots:
         ProjectorManager manager;
         const auto screens = screensOf(QGuiApplication::screens());
         QCOMPARE(screens.size(), size_t(3));
-        manager.start(screens, ProjectionMode::splitLR, left, right);
+        manager.start(screens, ProjectionMode::splitLR, {left, right});
         QCOMPARE(manager.projectorWindows.size(), size_t(3));
         const QImage expected[] = {left, right, left};
         for (size_t i = 0; i < 3; ++i) {
@@ -87,7 +87,7 @@ private slots:
     void sideBySideFitsBothHalvesAroundTheDivider()
     {
         ProjectorManager manager;
-        manager.start(screensOf({screenNamed(QStringLiteral("two"))}), ProjectionMode::sbs, left, right);
+        manager.start(screensOf({screenNamed(QStringLiteral("two"))}), ProjectionMode::sbs, {left, right});
         const SBSProjectorView *sbs = manager.projectorWindows.front()->sbsView;
         QVERIFY(sbs);
         QCOMPARE(sbs->size(), QSize(1024, 768));
@@ -101,16 +101,49 @@ private slots:
     void startingAgainClosesTheFirstWindows()
     {
         ProjectorManager manager;
-        manager.start(screensOf(QGuiApplication::screens()), ProjectionMode::splitLR, left, right);
+        manager.start(screensOf(QGuiApplication::screens()), ProjectionMode::splitLR, {left, right});
         QList<QPointer<QWidget>> first;
         for (const auto &controller : manager.projectorWindows)
             first << controller->window();
-        manager.start(screensOf({screenNamed(QStringLiteral("three"))}), ProjectionMode::single, left, right, right);
+        manager.start(screensOf({screenNamed(QStringLiteral("three"))}), ProjectionMode::single, {left, right, right});
         for (const QPointer<QWidget> &window : first)
             QVERIFY(window.isNull());
         QCOMPARE(manager.projectorWindows.size(), size_t(1));
         QCOMPARE(manager.projectorWindows.front()->singleView->image().cacheKey(), right.cacheKey());
         QVERIFY(manager.isProjecting);
+    }
+
+    // An interlaced display image goes to "Single picture" screens unscaled: centred, cropped when
+    // larger, each screen row one picture row, and it stays so when the main view zooms.
+    void interlacedSinglePictureIsShownPixelForPixel()
+    {
+        const QString leftPath = dir.filePath(QStringLiteral("l.png")), rightPath = dir.filePath(QStringLiteral("r.png"));
+        QVERIFY(left.save(leftPath) && right.save(rightPath));
+        MainWindow window(std::make_unique<Preferences>(dir.filePath(QStringLiteral("i.ini"))));
+        window.show();
+        QVERIFY(window.openPaths({leftPath, rightPath}));
+        window.setDisplayMode(DisplayMode::rowInterlaced);
+        const struct {
+            const char *screen;
+            QImage picture; // none: the window's display image (2400 x 1600)
+        } rows[] = {{"two", QImage()}, {"three", positionCoded(301, 201, 128)}};
+        for (const auto &row : rows) {
+            const QImage picture = row.picture.isNull() ? *window.displayImage() : row.picture;
+            if (row.picture.isNull())
+                window.projector()->start(screensOf({screenNamed(QString::fromLatin1(row.screen))}), ProjectionMode::single);
+            else
+                window.projector()->manager.start(screensOf({screenNamed(QString::fromLatin1(row.screen))}),
+                                                  ProjectionMode::single, {left, right, picture, true});
+            window.projector()->manager.syncTransform(2, 0.1, 0.9);
+            FitImageView *projected = window.projector()->manager.projectorWindows.front()->singleView;
+            const QImage seen = projected->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            const QPoint corner((seen.width() - picture.width()) / 2, (seen.height() - picture.height()) / 2);
+            for (const QPoint at : {QPoint(100, 100), QPoint(101, 101), QPoint(150, 199), QPoint(300, 200)}) {
+                const QPoint shown = at + QPoint(std::max(corner.x(), 0), std::max(corner.y(), 0));
+                QCOMPARE(QColor(seen.pixel(shown)), QColor(picture.pixel(shown - corner)));
+            }
+        }
+        window.projector()->stop();
     }
 
     void panelListsScreensAndFollowsTheirRemoval()
