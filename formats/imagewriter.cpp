@@ -7,8 +7,11 @@
 #include <QImageWriter>
 #include <QSaveFile>
 
+#include "formats/cameraexif.h"
+#include "formats/exifembedding.h"
 #include "formats/heifimage.h"
 #include "formats/jpegcodec.h"
+#include "formats/jpegsegments.h"
 
 namespace Vorel {
 
@@ -25,41 +28,62 @@ std::optional<QByteArray> encodeWithQt(const QImage &image, const char *format)
     return bytes;
 }
 
-std::optional<QByteArray> encodeHeic(const QImage &image)
+std::optional<QByteArray> encodeJpegWithExif(const QImage &image, const QByteArray &exif)
+{
+    const std::optional<EncodedJpeg> encoded = compressJpeg(image, lossyQuality);
+    return encoded ? std::optional(jpegWithHeaders(encoded->bytes(), exif)) : std::nullopt;
+}
+
+std::optional<QByteArray> encodeHeic(const QImage &image, const QByteArray &exif)
 {
     Heif::Context context(heif_context_alloc());
-    if (!Heif::encodeImage(context.get(), image, lossyQuality))
+    const Heif::Handle handle = Heif::encodeImage(context.get(), image, lossyQuality);
+    if (!handle)
+        return std::nullopt;
+    if (!exif.isEmpty() &&
+        heif_context_add_exif_metadata(context.get(), handle.get(), exif.constData(), int(exif.size())).code !=
+            heif_error_Ok)
         return std::nullopt;
     return Heif::writeContext(context.get());
 }
 
-std::optional<QByteArray> encodeFor(const QImage &image, const QString &suffix)
+std::optional<QByteArray> withExif(std::optional<QByteArray> encoded, const QByteArray &exif,
+                                   std::optional<QByteArray> (*embed)(const QByteArray &, const QByteArray &))
 {
-    if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
-        return encodeJpeg(image, lossyQuality);
-    if (suffix == QLatin1String("heic"))
-        return encodeHeic(image);
-    if (suffix == QLatin1String("tif") || suffix == QLatin1String("tiff"))
-        return encodeWithQt(image, "tiff");
-    if (suffix == QLatin1String("bmp"))
-        return encodeWithQt(image, "bmp");
-    return encodeWithQt(image, "png");
+    return encoded && !exif.isEmpty() ? embed(*encoded, exif) : encoded;
 }
 
 } // namespace
 
-bool writeImage(const QImage &image, const QString &path)
+std::optional<QByteArray> encodeImage(const QImage &image, const QString &suffix, const QByteArray &cameraExif)
 {
     if (image.isNull())
-        return false;
-    // Encode fully in memory first: a failing encoder never touches the file system.
-    const std::optional<QByteArray> bytes = encodeFor(image, QFileInfo(path).suffix().toLower());
-    if (!bytes)
-        return false;
+        return std::nullopt;
+    const QByteArray exif = exifForWrittenPicture(cameraExif, image.size());
+    if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
+        return encodeJpegWithExif(image, exif);
+    if (suffix == QLatin1String("heic"))
+        return encodeHeic(image, exif);
+    if (suffix == QLatin1String("tif") || suffix == QLatin1String("tiff"))
+        return withExif(encodeWithQt(image, "tiff"), exif, tiffWithExif);
+    if (suffix == QLatin1String("bmp"))
+        return encodeWithQt(image, "bmp");
+    return withExif(encodeWithQt(image, "png"), exif, pngWithExif);
+}
+
+bool saveFileAtomically(const QString &path, const QByteArray &bytes)
+{
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(*bytes) != bytes->size())
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         return false;
     return file.commit();
+}
+
+bool writeImage(const QImage &image, const QString &path, const QByteArray &cameraExif)
+{
+    // Encode fully in memory first: a failing encoder never touches the file system.
+    const std::optional<QByteArray> bytes = encodeImage(image, QFileInfo(path).suffix().toLower(), cameraExif);
+    return bytes && saveFileAtomically(path, *bytes);
 }
 
 } // namespace Vorel

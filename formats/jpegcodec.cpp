@@ -44,7 +44,11 @@ std::optional<QImage> decodeJpeg(const char *data, qsizetype size)
     return image;
 }
 
-std::optional<QByteArray> encodeJpeg(const QImage &image, int quality)
+EncodedJpeg::EncodedJpeg(unsigned char *data, unsigned long size) : data(data), size(size) {}
+
+void EncodedJpeg::Free::operator()(unsigned char *bytes) const { tjFree(bytes); }
+
+std::optional<EncodedJpeg> compressJpeg(const QImage &image, int quality)
 {
     if (image.isNull())
         return std::nullopt;
@@ -59,10 +63,16 @@ std::optional<QByteArray> encodeJpeg(const QImage &image, int quality)
     const int status = tjCompress2(tj.get(), source.constBits(), source.width(),
                                    static_cast<int>(source.bytesPerLine()), source.height(), TJPF_BGRX, &jpeg,
                                    &jpegSize, TJSAMP_420, quality, 0);
-    std::unique_ptr<unsigned char, void (*)(unsigned char *)> owned(jpeg, tjFree);
+    EncodedJpeg encoded(jpeg, jpegSize);
     if (status != 0)
         return std::nullopt;
-    return QByteArray(reinterpret_cast<const char *>(jpeg), static_cast<qsizetype>(jpegSize));
+    return encoded;
+}
+
+std::optional<QByteArray> encodeJpeg(const QImage &image, int quality)
+{
+    const std::optional<EncodedJpeg> encoded = compressJpeg(image, quality);
+    return encoded ? std::optional(encoded->bytes().toByteArray()) : std::nullopt;
 }
 
 } // namespace Vorel

@@ -4,9 +4,11 @@
 // intermediate copies.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QImage>
 
 namespace Vorel {
@@ -14,7 +16,23 @@ namespace Vorel {
 // Opaque Format_RGB32 image, or none for data TurboJPEG cannot decode (corrupt data, or
 // colour spaces it does not convert, which the caller may hand to another decoder).
 std::optional<QImage> decodeJpeg(const char *data, qsizetype size);
+// A JPEG in the encoder's own buffer, for writers that assemble files from several pieces
+// and would otherwise copy it twice.
+class EncodedJpeg {
+public:
+    EncodedJpeg(unsigned char *data, unsigned long size);
+    QByteArrayView bytes() const { return {reinterpret_cast<const char *>(data.get()), qsizetype(size)}; }
+
+private:
+    struct Free {
+        void operator()(unsigned char *bytes) const;
+    };
+    std::unique_ptr<unsigned char, Free> data;
+    unsigned long size;
+};
+
 // Baseline JPEG at the given quality (1..100); transparent pixels are written as drawn over black.
+std::optional<EncodedJpeg> compressJpeg(const QImage &image, int quality);
 std::optional<QByteArray> encodeJpeg(const QImage &image, int quality);
 
 } // namespace Vorel

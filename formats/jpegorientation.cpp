@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "formats/jpegsegments.h"
 #include "formats/mpindexgrowth.h"
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
@@ -19,12 +20,7 @@ constexpr quint8 markerSoi = 0xD8;
 constexpr quint8 markerEoi = 0xD9;
 constexpr quint8 markerSos = 0xDA;
 constexpr quint8 markerApp0 = 0xE0;
-constexpr quint8 markerApp1 = 0xE1;
-constexpr qsizetype maxSegmentLength = 0xFFFF;
-const QByteArray exifSignature("Exif\0\0", 6);
 const QByteArray xmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
-const QByteArray mpfSignature("MPF\0", 4);
-constexpr quint8 markerApp2 = 0xE2;
 
 struct Segment {
     qsizetype start = -1; // offset of the FF of the marker
@@ -93,16 +89,6 @@ std::optional<Layout> readLayout(const QByteArray &file)
     return std::nullopt;
 }
 
-QByteArray exifSegment(const QByteArray &tiff)
-{
-    const qsizetype length = 2 + exifSignature.size() + tiff.size();
-    QByteArray segment;
-    segment.reserve(2 + length);
-    segment.append(char(0xFF)).append(char(markerApp1));
-    segment.append(char(length >> 8)).append(char(length & 0xFF));
-    return segment.append(exifSignature).append(tiff);
-}
-
 } // namespace
 
 std::optional<QByteArray> jpegWithOrientation(const QByteArray &file, int orientation)
@@ -125,7 +111,7 @@ std::optional<QByteArray> jpegWithOrientation(const QByteArray &file, int orient
         replaceLength = 2 + layout->exif.length;
     }
     const QByteArray segment = exifSegment(tiff);
-    if (segment.size() - 2 > maxSegmentLength)
+    if (segment.isEmpty()) // too long for one segment
         return std::nullopt;
     QByteArray result = file;
     for (const Segment &xmp : layout->xmp) { // same length, so the Exif offsets stay valid

@@ -3,9 +3,10 @@
 #include "formats/pngorientation.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
+#include "formats/jpegsegments.h" // some writers put the JPEG-style Exif signature in front of eXIf data
+#include "formats/pngchunks.h"
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
 
@@ -13,60 +14,13 @@ namespace Vorel {
 
 namespace {
 
-// A PNG is an 8-byte signature and chunks: u32 big-endian data length | 4-byte type | data |
-// u32 CRC-32 of type and data. IHDR comes first, IEND last.
-const QByteArray pngSignature("\x89PNG\r\n\x1a\n", 8);
-constexpr qsizetype chunkOverhead = 12;
-constexpr quint32 maxChunkLength = 0x7FFFFFFF;
-// Some writers put the JPEG-style Exif header in front of the TIFF block of eXIf.
-const QByteArray exifSignature("Exif\0\0", 6);
+using namespace Png;
 
 struct Chunk {
     qsizetype start; // offset of the length field
     qsizetype length; // data length
     QByteArray type;
 };
-
-// CRC-32 as PNG uses it (polynomial 0xEDB88320, reflected, initial and final XOR 0xFFFFFFFF).
-quint32 crc32(const char *data, qsizetype size)
-{
-    static const std::array<quint32, 256> table = [] {
-        std::array<quint32, 256> t {};
-        for (quint32 n = 0; n < 256; ++n) {
-            quint32 c = n;
-            for (int k = 0; k < 8; ++k)
-                c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
-            t[n] = c;
-        }
-        return t;
-    }();
-    quint32 crc = 0xFFFFFFFFu;
-    for (qsizetype i = 0; i < size; ++i)
-        crc = table[(crc ^ static_cast<quint8>(data[i])) & 0xFF] ^ (crc >> 8);
-    return crc ^ 0xFFFFFFFFu;
-}
-
-quint32 bigEndian32(const QByteArray &bytes, qsizetype at)
-{
-    quint32 value = 0;
-    for (int i = 0; i < 4; ++i)
-        value = value << 8 | static_cast<quint8>(bytes[at + i]);
-    return value;
-}
-
-QByteArray bigEndianBytes(quint32 value)
-{
-    QByteArray bytes(4, '\0');
-    for (int i = 0; i < 4; ++i)
-        bytes[i] = static_cast<char>(value >> (24 - 8 * i) & 0xFF);
-    return bytes;
-}
-
-QByteArray makeChunk(const QByteArray &type, const QByteArray &data)
-{
-    const QByteArray body = type + data;
-    return bigEndianBytes(static_cast<quint32>(data.size())) + body + bigEndianBytes(crc32(body.data(), body.size()));
-}
 
 bool hasChunk(const std::vector<Chunk> &chunks, const char *type)
 {
@@ -76,10 +30,10 @@ bool hasChunk(const std::vector<Chunk> &chunks, const char *type)
 // Every chunk up to and including IEND, CRCs checked; none when the structure is broken.
 std::optional<std::vector<Chunk>> readChunks(const QByteArray &file)
 {
-    if (!file.startsWith(pngSignature))
+    if (!file.startsWith(signature))
         return std::nullopt;
     std::vector<Chunk> chunks;
-    qsizetype at = pngSignature.size();
+    qsizetype at = signature.size();
     while (chunks.empty() || chunks.back().type != "IEND") {
         if (at + chunkOverhead > file.size())
             return std::nullopt;

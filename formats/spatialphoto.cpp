@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include "formats/cameraexif.h"
 #include "formats/cameraproperties.h"
 #include "formats/colourprofile.h"
 #include "formats/heifboxes.h"
@@ -169,11 +170,23 @@ QImage evenOpaque(const QImage &image)
     return w == opaque.width() && h == opaque.height() ? opaque : opaque.copy(0, 0, w, h);
 }
 
-QByteArray encodePair(const QImage &left, const QImage &right, int adj, double fov, double stb)
+// An eye and its Exif item; the left eye's is the one readers of the primary image show.
+Handle encodeEye(heif_context *context, const QImage &eye, const QByteArray &cameraExif)
+{
+    Handle handle = encodeImage(context, eye, lossyQuality);
+    const QByteArray exif = exifForWrittenPicture(cameraExif, eye.size());
+    if (handle && !exif.isEmpty() &&
+        heif_context_add_exif_metadata(context, handle.get(), exif.constData(), int(exif.size())).code != heif_error_Ok)
+        return {};
+    return handle;
+}
+
+QByteArray encodePair(const QImage &left, const QImage &right, int adj, double fov, double stb,
+                      const QByteArray &cameraExif)
 {
     const Context context(heif_context_alloc());
-    const Handle leftHandle = encodeImage(context.get(), left, lossyQuality);
-    const Handle rightHandle = encodeImage(context.get(), right, lossyQuality);
+    const Handle leftHandle = encodeEye(context.get(), left, cameraExif);
+    const Handle rightHandle = encodeEye(context.get(), right, cameraExif);
     if (!leftHandle || !rightHandle)
         return {};
     heif_context_set_primary_image(context.get(), leftHandle.get());
@@ -204,7 +217,8 @@ QByteArray encodePair(const QImage &left, const QImage &right, int adj, double f
 
 } // namespace
 
-void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &path, int adj, double fov, double stb)
+void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &path, int adj, double fov, double stb,
+                       const QByteArray &cameraExif)
 {
     std::fprintf(stderr, "%s\n%d\n%s\n", qPrintable(QString::number(fov, 'g', QLocale::FloatingPointShortest)), adj,
                  qPrintable(QString::number(stb, 'g', QLocale::FloatingPointShortest)));
@@ -214,7 +228,7 @@ void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &p
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         throw SpatialPhotoError(SpatialPhotoError::cannotCreateDestination, path);
-    const QByteArray bytes = encodePair(leftEye, rightEye, adj, fov, stb);
+    const QByteArray bytes = encodePair(leftEye, rightEye, adj, fov, stb, cameraExif);
     if (bytes.isEmpty() || file.write(bytes) != bytes.size() || !file.commit()) {
         const bool accessible = QFileInfo(QFileInfo(path).absolutePath()).isWritable();
         std::fprintf(stderr, "FAILED: destinationURL accessible? %s\n", accessible ? "true" : "false");

@@ -20,8 +20,10 @@ ImagePair readSpatialPhoto(const QString &path);
 // Writes `left` and `right` (alpha is dropped; odd sizes lose their last column or row, so that
 // each eye is one plain coded image) with the horizontal field of view `fov` in degrees, the
 // disparity adjustment `adj` and the stereo base `stb` in metres. Prints the three values on
-// the console first. The file is replaced atomically. Throws SpatialPhotoError.
-void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &path, int adj, double fov, double stb);
+// the console first. Each eye carries `cameraExif` (readCameraExif), rewritten for its size, as
+// an Exif item. The file is replaced atomically. Throws SpatialPhotoError.
+void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &path, int adj, double fov, double stb,
+                       const QByteArray &cameraExif = {});
 
 // What a spatial photo says about its cameras, derived from the left image's intrinsics and
 // both positions; none where a property is missing.
