@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/anaglyphrows.h"
 
+#include <utility>
+
+#include "core/stereotypes.h"
+
 namespace Vorel::AnaglyphDetail {
 
 namespace {
@@ -26,6 +30,34 @@ inline uint32_t grayOf(uint32_t p)
                   grayWeights[2] * static_cast<float>(blue(p)));
 }
 
+// Every product of the matrix formula depends on one byte only, so it is tabulated once per
+// matrix: of[out][column][byte] = coefficient * (byte / 255).
+template <const AnaglyphMatrix &matrix> struct Products {
+    float of[3][6][256];
+    Products()
+    {
+        for (int v = 0; v < 256; ++v)
+            for (int k = 0; k < 3; ++k)
+                for (int i = 0; i < 6; ++i)
+                    of[k][i][v] = matrix[k][i] * (static_cast<float>(v) / 255.0f);
+    }
+};
+
+// The sum of one output channel in column order. It starts from -0, which leaves the first
+// term exactly as it is, and skips the zero columns: adding a zero product can only change the
+// sign of a zero sum, which x 255 + 0.5 turns into the same 0.5. So it gives the bits of the
+// full six-term formula.
+template <const AnaglyphMatrix &matrix, int k, size_t... i>
+inline uint32_t channelOf(const float (&products)[6][256], const uint32_t (&bytes)[6], std::index_sequence<i...>)
+{
+    float sum = -0.0f;
+    ([&] {
+        if constexpr (matrix[k][i] != 0.0f)
+            sum += products[i][bytes[i]];
+    }(), ...);
+    return toByte(sum * 255.0f + 0.5f);
+}
+
 } // namespace
 
 void grayRow(const uint32_t *first, const uint32_t *second, uint32_t *out, int64_t width)
@@ -42,30 +74,17 @@ void colourRow(const uint32_t *first, const uint32_t *second, uint32_t *out, int
         out[x] = opaque(red(first[x]), green(second[x]), blue(second[x]));
 }
 
-// Each value divided by 255, the sums formed in float in column order, then x 255 + 0.5.
-// Every product depends on one byte only, so it is tabulated once:
-// table[out][input][byte] = coefficient * (byte / 255); summing the entries in column order
-// gives exactly the bits of the direct formula.
-void duboisRow(const uint32_t *first, const uint32_t *second, uint32_t *out, int64_t width)
+template <const AnaglyphMatrix &matrix>
+void matrixRow(const uint32_t *first, const uint32_t *second, uint32_t *out, int64_t width)
 {
-    struct Products {
-        float of[3][6][256];
-        Products()
-        {
-            for (int v = 0; v < 256; ++v)
-                for (int k = 0; k < 3; ++k)
-                    for (int i = 0; i < 6; ++i)
-                        of[k][i][v] = dubois[k][i] * (static_cast<float>(v) / 255.0f);
-        }
-    };
-    static const Products table;
-    const auto channel = [](const float (&t)[6][256], uint32_t p, uint32_t q) {
-        const float sum = t[0][red(p)] + t[1][green(p)] + t[2][blue(p)] + t[3][red(q)] + t[4][green(q)] + t[5][blue(q)];
-        return toByte(sum * 255.0f + 0.5f);
-    };
+    static const Products<matrix> table;
+    constexpr auto columns = std::make_index_sequence<6>();
     for (int64_t x = 0; x < width; ++x) {
         const uint32_t p = first[x], q = second[x];
-        out[x] = opaque(channel(table.of[0], p, q), channel(table.of[1], p, q), channel(table.of[2], p, q));
+        const uint32_t bytes[6] = {red(p), green(p), blue(p), red(q), green(q), blue(q)};
+        out[x] = opaque(channelOf<matrix, 0>(table.of[0], bytes, columns),
+                        channelOf<matrix, 1>(table.of[1], bytes, columns),
+                        channelOf<matrix, 2>(table.of[2], bytes, columns));
     }
 }
 
@@ -73,11 +92,22 @@ AnaglyphRow anaglyphRow(int kind, bool allowVector)
 {
     static const bool hasAvx512 = __builtin_cpu_supports("avx512f");
     const bool vector = allowVector && hasAvx512;
-    if (kind == 1)
+    switch (kind) {
+    case AnaglyphKind::colour:
         return vector ? colourRowAvx512 : colourRow;
-    if (kind == 2)
-        return vector ? duboisRowAvx512 : duboisRow;
-    return vector ? grayRowAvx512 : grayRow;
+    case AnaglyphKind::duboisRedCyan:
+        return vector ? matrixRowAvx512<dubois> : matrixRow<dubois>;
+    case AnaglyphKind::duboisAmberBlue:
+        return vector ? matrixRowAvx512<duboisAmberBlue> : matrixRow<duboisAmberBlue>;
+    case AnaglyphKind::duboisGreenMagenta:
+        return vector ? matrixRowAvx512<duboisGreenMagenta> : matrixRow<duboisGreenMagenta>;
+    case AnaglyphKind::halfColour:
+        return vector ? matrixRowAvx512<halfColour> : matrixRow<halfColour>;
+    case AnaglyphKind::optimised:
+        return vector ? matrixRowAvx512<optimised> : matrixRow<optimised>;
+    default:
+        return vector ? grayRowAvx512 : grayRow;
+    }
 }
 
 } // namespace Vorel::AnaglyphDetail

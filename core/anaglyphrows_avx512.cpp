@@ -6,6 +6,8 @@
 // slow on some processors, so only the last step of a row uses them.
 #include "core/anaglyphrows.h"
 
+#include <utility>
+
 #include <immintrin.h>
 
 // GCC 12 takes the deliberately undefined pass-through registers inside the intrinsics
@@ -82,21 +84,26 @@ struct Colour {
     }
 };
 
-struct Dubois {
+// The matrix formula, each lane in the scalar kernel's order: the sum starts from -0 and skips
+// the zero columns, as there (see matrixRow).
+template <const AnaglyphMatrix &matrix> struct Matrix {
+    template <int k, size_t... i>
+    [[gnu::always_inline]] static __m512i channelOf(const __m512 (&v)[6], std::index_sequence<i...>)
+    {
+        __m512 sum = _mm512_set1_ps(-0.0f);
+        ([&] {
+            if constexpr (matrix[k][i] != 0.0f)
+                sum = _mm512_add_ps(sum, _mm512_mul_ps(_mm512_set1_ps(matrix[k][i]), v[i]));
+        }(), ...);
+        return toByte(_mm512_add_ps(_mm512_mul_ps(sum, _mm512_set1_ps(255.0f)), _mm512_set1_ps(0.5f)));
+    }
+
     [[gnu::always_inline]] static __m512i of(__m512i p, __m512i q)
     {
         const __m512 v[6] = {unitOf(channel(p, 16)), unitOf(channel(p, 8)), unitOf(channel(p, 0)),
                              unitOf(channel(q, 16)), unitOf(channel(q, 8)), unitOf(channel(q, 0))};
-        __m512i c[3];
-#pragma GCC unroll 3
-        for (int k = 0; k < 3; ++k) {
-            __m512 sum = _mm512_mul_ps(_mm512_set1_ps(dubois[k][0]), v[0]);
-#pragma GCC unroll 5
-            for (int i = 1; i < 6; ++i)
-                sum = _mm512_add_ps(sum, _mm512_mul_ps(_mm512_set1_ps(dubois[k][i]), v[i]));
-            c[k] = toByte(_mm512_add_ps(_mm512_mul_ps(sum, _mm512_set1_ps(255.0f)), _mm512_set1_ps(0.5f)));
-        }
-        return opaque(c[0], c[1], c[2]);
+        constexpr auto columns = std::make_index_sequence<6>();
+        return opaque(channelOf<0>(v, columns), channelOf<1>(v, columns), channelOf<2>(v, columns));
     }
 };
 
@@ -112,9 +119,16 @@ void colourRowAvx512(const uint32_t *first, const uint32_t *second, uint32_t *ou
     eachStep<Colour>(first, second, out, width);
 }
 
-void duboisRowAvx512(const uint32_t *first, const uint32_t *second, uint32_t *out, int64_t width)
+template <const AnaglyphMatrix &matrix>
+void matrixRowAvx512(const uint32_t *first, const uint32_t *second, uint32_t *out, int64_t width)
 {
-    eachStep<Dubois>(first, second, out, width);
+    eachStep<Matrix<matrix>>(first, second, out, width);
 }
+
+template void matrixRowAvx512<dubois>(const uint32_t *, const uint32_t *, uint32_t *, int64_t);
+template void matrixRowAvx512<duboisAmberBlue>(const uint32_t *, const uint32_t *, uint32_t *, int64_t);
+template void matrixRowAvx512<duboisGreenMagenta>(const uint32_t *, const uint32_t *, uint32_t *, int64_t);
+template void matrixRowAvx512<halfColour>(const uint32_t *, const uint32_t *, uint32_t *, int64_t);
+template void matrixRowAvx512<optimised>(const uint32_t *, const uint32_t *, uint32_t *, int64_t);
 
 } // namespace Vorel::AnaglyphDetail

@@ -78,7 +78,7 @@ QImage halfWidth(const QImage &image);
 // to `length` by the painter's nearest-neighbour pick (0 < length <= sourceLength).
 std::vector<int32_t> nearestSourceIndices(int sourceLength, int length);
 
-// kind 0 gray, 1 colour, 2 Dubois (anything else: gray). Equal sizes required.
+// `kind` is an AnaglyphKind (anything else: gray). Equal sizes required.
 std::optional<QImage> composeAnaglyph(const QImage &first, const QImage &second, int kind);
 // The anaglyph of the adjusted pair (first and second exchanged when `swapped`), composed from
 // the warp's row bands; the same bits as composeAnaglyph of adjustPair's pictures.

@@ -126,50 +126,6 @@ TEST(PerspectiveTransform, MapsCornersAndRejectsDegenerateInput)
     EXPECT_FALSE(perspectiveTransform(collapsed, to));
 }
 
-TEST(Anaglyph, WorkedPixels)
-{
-    struct Row {
-        int kind;
-        QRgb left, right, expected;
-    } rows[] = {
-        {0, qRgb(255, 0, 0), qRgb(0, 0, 255), qRgb(76, 29, 29)},
-        {2, qRgb(255, 255, 255), qRgb(255, 255, 255), qRgb(255, 255, 255)},
-        {2, qRgb(0, 0, 0), qRgb(0, 0, 0), qRgb(0, 0, 0)},
-        {1, qRgb(10, 20, 30), qRgb(40, 50, 60), qRgb(10, 50, 60)},
-        {7, qRgb(255, 0, 0), qRgb(0, 0, 255), qRgb(76, 29, 29)}, // unknown kind: gray
-    };
-    for (const Row &row : rows) {
-        QImage a(1, 1, QImage::Format_RGB32), b(1, 1, QImage::Format_RGB32);
-        a.setPixel(0, 0, row.left);
-        b.setPixel(0, 0, row.right);
-        EXPECT_EQ(composeAnaglyph(a, b, row.kind)->pixel(0, 0), row.expected) << "kind " << row.kind;
-    }
-}
-
-// Dubois over random pixels against the formula in float.
-TEST(Anaglyph, DuboisMatchesFloatFormula)
-{
-    const float m[3][6] = {{0.4561f, 0.500484f, 0.176381f, -0.0434706f, -0.0879388f, -0.00155529f},
-                           {-0.0400822f, -0.0378246f, -0.0157589f, 0.378476f, 0.73364f, -0.0184503f},
-                           {-0.0152161f, -0.0205971f, -0.00546856f, -0.0721527f, -0.112961f, 1.2264f}};
-    const QImage a = noise(97, 13, 5), b = noise(97, 13, 6);
-    const QImage out = *composeAnaglyph(a, b, 2);
-    for (int y = 0; y < 13; ++y)
-        for (int x = 0; x < 97; ++x) {
-            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            const float v[6] = {qRed(p) / 255.0f, qGreen(p) / 255.0f, qBlue(p) / 255.0f,
-                                qRed(q) / 255.0f, qGreen(q) / 255.0f, qBlue(q) / 255.0f};
-            int expected[3];
-            for (int c = 0; c < 3; ++c) {
-                float sum = m[c][0] * v[0];
-                for (int k = 1; k < 6; ++k)
-                    sum += m[c][k] * v[k];
-                expected[c] = std::clamp(int(sum * 255.0f + 0.5f), 0, 255);
-            }
-            ASSERT_EQ(out.pixel(x, y), qRgb(expected[0], expected[1], expected[2])) << x << "," << y;
-        }
-}
-
 TEST(Compose, HalfWidthTruncatesAndSideBySideBottomAligns)
 {
     EXPECT_EQ(halfWidth(noise(1001, 4, 7)).size(), QSize(500, 4));
