@@ -115,7 +115,8 @@ constexpr std::array sourceFileTags = {
     "Exif.Image.SubIFDs", "Exif.Image.ExtraSamples", "Exif.Image.SampleFormat", "Exif.Image.JPEGTables",
     "Exif.Image.JPEGInterchangeFormat", "Exif.Image.JPEGInterchangeFormatLength", "Exif.Image.YCbCrSubSampling",
     "Exif.Image.XMLPacket", "Exif.Image.InterColorProfile", "Exif.Image.TransferFunction",
-    "Exif.Image.WhitePoint", "Exif.Image.PrimaryChromaticities", "Exif.Photo.Gamma"};
+    "Exif.Image.WhitePoint", "Exif.Image.PrimaryChromaticities", "Exif.Photo.Gamma",
+    "Exif.Photo.CompressedBitsPerPixel"};
 
 // IFDs other than the main picture's: the thumbnail, sub-images, and MP tags.
 bool isOtherPicturesGroup(const std::string &group)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/jpegsegments.h"
 
+#include <algorithm>
+
 #include <QIODevice>
 
 namespace Vorel {
@@ -57,10 +59,10 @@ QByteArray exifSegment(QByteArrayView tiff)
     return jpegSegment(markerApp1, exifSignature + tiff.toByteArray());
 }
 
-QByteArrayView jpegAfterSoi(QByteArrayView encoded, bool dropJfif)
+QByteArrayView jpegAfterJfif(QByteArrayView encoded)
 {
     const auto byteAt = [&](qsizetype i) { return quint8(encoded[i]); };
-    if (!dropJfif || encoded.size() < 6 || byteAt(2) != 0xFF || byteAt(3) != markerApp0)
+    if (encoded.size() < 6 || byteAt(2) != 0xFF || byteAt(3) != markerApp0)
         return encoded.sliced(std::min<qsizetype>(2, encoded.size()));
     const qsizetype end = 4 + (byteAt(4) << 8 | byteAt(5));
     return encoded.sliced(std::min(end, encoded.size()));
@@ -69,10 +71,11 @@ QByteArrayView jpegAfterSoi(QByteArrayView encoded, bool dropJfif)
 QByteArray jpegWithHeaders(QByteArrayView encoded, QByteArrayView tiff, QByteArrayView headers)
 {
     const QByteArray exif = exifSegment(tiff);
-    const QByteArrayView rest = jpegAfterSoi(encoded, !exif.isEmpty());
+    const QByteArrayView rest = jpegAfterJfif(encoded);
+    const QByteArrayView jfif = exif.isEmpty() ? encoded.sliced(2, encoded.size() - 2 - rest.size()) : QByteArrayView();
     QByteArray jpeg;
-    jpeg.reserve(soi.size() + exif.size() + headers.size() + rest.size());
-    return jpeg.append(soi).append(exif).append(headers).append(rest);
+    jpeg.reserve(soi.size() + jfif.size() + exif.size() + headers.size() + rest.size());
+    return jpeg.append(soi).append(jfif).append(exif).append(headers).append(rest);
 }
 
 } // namespace Vorel

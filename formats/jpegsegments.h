@@ -30,11 +30,12 @@ QByteArray jpegSegment(quint8 marker, QByteArrayView payload);
 // The APP1 segment of an Exif block; empty for an empty or too long block.
 QByteArray exifSegment(QByteArrayView tiff);
 
-// What follows the SOI of an encoder's JPEG, leaving out a leading JFIF APP0 when `dropJfif`.
-QByteArrayView jpegAfterSoi(QByteArrayView encoded, bool dropJfif);
+// What follows the SOI and a leading JFIF APP0 of an encoder's JPEG.
+QByteArrayView jpegAfterJfif(QByteArrayView encoded);
 
 // SOI | APP1 Exif (when `tiff` is not empty) | `headers` | the rest of `encoded`. An Exif
-// segment takes the JFIF APP0's place right after SOI, as in camera files.
+// segment takes the JFIF APP0's place right after SOI, as in camera files; without one the
+// JFIF APP0 stays first, as JFIF readers expect.
 QByteArray jpegWithHeaders(QByteArrayView encoded, QByteArrayView tiff, QByteArrayView headers = {});
 
 } // namespace Vorel

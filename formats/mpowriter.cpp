@@ -141,9 +141,9 @@ std::optional<QByteArray> encodeMpo(const QImage &left, const QImage &right, con
     if (!leftJpeg || !rightJpeg)
         return std::nullopt;
 
-    // An Exif segment takes the JFIF APP0's place, as in camera files.
-    const QByteArrayView leftRest = jpegAfterSoi(leftJpeg->bytes(), !leftExif.isEmpty());
-    const QByteArrayView rightRest = jpegAfterSoi(rightJpeg->bytes(), !rightExif.isEmpty());
+    // As in camera files, no JFIF APP0: Exif and MP segments come first.
+    const QByteArrayView leftRest = jpegAfterJfif(leftJpeg->bytes());
+    const QByteArrayView rightRest = jpegAfterJfif(rightJpeg->bytes());
     const QByteArray secondIndex = secondPictureAttributes();
     const qsizetype size1 = 2 + leftExif.size() + firstIndexSegmentSize + leftRest.size();
     const qsizetype size2 = 2 + rightExif.size() + secondIndex.size() + rightRest.size();
