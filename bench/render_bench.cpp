@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Rendering speed of the stereo pair core: full-size adjusted render (against two bilinear
 // cv::warpPerspective calls when OpenCV is there, and each warp kernel alone) and Dubois
-// anaglyph of a 24-megapixel pair, slider re-render from the preview cache, and
-// open-render-save of a large side-by-side JPEG. Run pinned to one core (`taskset -c 0`) for
+// anaglyph of a 24-megapixel pair, slider re-render from the preview cache, open-render-save
+// of a large side-by-side JPEG, and the anaglyphs and layouts of a 12-megapixel pair. Run pinned to one core (`taskset -c 0`) for
 // single-core figures.
 #include <algorithm>
 #include <array>
@@ -24,8 +24,10 @@
 #include "core/displaycomposition.h"
 #include "core/homographywarp.h"
 #include "core/largebuffer.h"
+#include "core/parallelrows.h"
 #include "core/stereoimageprocessor.h"
 #include "core/stereointake.h"
+#include "core/stereolayouts.h"
 #include "formats/imagewriter.h"
 #include "plainloops.h"
 
@@ -275,6 +277,82 @@ void BM_MemcpyViews24MP(benchmark::State &state)
     }
 }
 BENCHMARK(BM_MemcpyViews24MP)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The new display pictures on a 12-megapixel pair, in time per pixel of one view: every matrix
+// anaglyph beside the red-cyan Dubois kernel they share, the layouts beside memcpy of the same
+// bytes over both cores (one view's bytes for the anaglyphs and interlaced pictures, both views'
+// for over/under).
+constexpr int width12MP = 4000, height12MP = 3000;
+
+const ImagePair &pair12()
+{
+    static const ImagePair pair{testCard(width12MP, height12MP, 1), testCard(width12MP, height12MP, 2)};
+    return pair;
+}
+
+void perViewPixel(benchmark::State &state)
+{
+    state.counters["per_px"] = benchmark::Counter(double(width12MP) * height12MP,
+                                                  benchmark::Counter::kIsIterationInvariantRate |
+                                                      benchmark::Counter::kInvert);
+}
+
+// Other work on the machine only ever adds time: with repetitions, the fastest run is the figure.
+double fastest(const std::vector<double> &runs) { return *std::min_element(runs.begin(), runs.end()); }
+
+void BM_Anaglyph12MP(benchmark::State &state)
+{
+    const ImagePair &pair = pair12();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(composeAnaglyph(pair.left, pair.right, int(state.range(0))));
+    perViewPixel(state);
+}
+BENCHMARK(BM_Anaglyph12MP)
+    ->ArgName("kind")
+    ->DenseRange(AnaglyphKind::duboisRedCyan, AnaglyphKind::optimised)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->ComputeStatistics("min", fastest);
+
+void BM_Layout12MP(benchmark::State &state)
+{
+    const ImagePair &pair = pair12();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(composeLayout(pair.left, pair.right, StereoLayout(state.range(0))));
+    perViewPixel(state);
+}
+// 0 over/under, 1 half over/under, 2 row interlace, 3 column interlace, 4 checkerboard.
+BENCHMARK(BM_Layout12MP)
+    ->ArgName("layout")
+    ->DenseRange(0, 4)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->ComputeStatistics("min", fastest);
+
+void BM_MemcpyViews12MP(benchmark::State &state)
+{
+    const ImagePair &pair = pair12();
+    const QImage *views[2] = {&pair.left, &pair.right};
+    const int64_t count = state.range(0);
+    const size_t rowBytes = size_t(width12MP) * 4;
+    for (auto _ : state) {
+        QImage out = newLargeImage(width12MP, int(height12MP * count), QImage::Format_RGB32);
+        parallelRows(height12MP, [&](int64_t begin, int64_t end) {
+            for (int64_t i = 0; i < count; ++i)
+                for (int64_t y = begin; y < end; ++y)
+                    std::memcpy(out.scanLine(int(i * height12MP + y)), views[i]->constScanLine(int(y)), rowBytes);
+        });
+        benchmark::DoNotOptimize(out.constBits());
+    }
+    perViewPixel(state);
+}
+BENCHMARK(BM_MemcpyViews12MP)
+    ->ArgName("views")
+    ->Arg(1)
+    ->Arg(2)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->ComputeStatistics("min", fastest);
 
 } // namespace
 

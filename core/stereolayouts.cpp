@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole rows of a view are copied with memcpy; interlaced columns and the checkerboard pick the
-// pixels of two rows alternately, four at a step.
+// pixels of two rows alternately, four at a step, at about memcpy's speed (bench/render_bench).
 #include "core/stereolayouts.h"
 
 #include <algorithm>
@@ -18,19 +18,26 @@ namespace Vorel {
 
 namespace {
 
-// out[x] = first[x] where x + phase is even, second[x] elsewhere.
+// out[x] = first[x] where x + phase is even, second[x] elsewhere. Both input rows are read in
+// full either way; streaming the output past the cache spares memory the read of every output
+// line before its write, a third of the traffic.
 void alternatePixels(const uint32_t *first, const uint32_t *second, uint32_t *out, int64_t width, int phase)
 {
-    const __m128i fromFirst = phase == 0 ? _mm_set_epi32(0, -1, 0, -1) : _mm_set_epi32(-1, 0, -1, 0);
+    const auto pick = [&](int64_t x) { out[x] = (x + phase) % 2 == 0 ? first[x] : second[x]; };
     int64_t x = 0;
+    for (; x < width && reinterpret_cast<uintptr_t>(out + x) % 16 != 0; ++x)
+        pick(x);
+    const __m128i fromFirst = (x + phase) % 2 == 0 ? _mm_set_epi32(0, -1, 0, -1) : _mm_set_epi32(-1, 0, -1, 0);
     for (; x + 4 <= width; x += 4) {
         const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i *>(first + x));
         const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i *>(second + x));
-        _mm_storeu_si128(reinterpret_cast<__m128i *>(out + x),
+        _mm_stream_si128(reinterpret_cast<__m128i *>(out + x),
                          _mm_or_si128(_mm_and_si128(fromFirst, a), _mm_andnot_si128(fromFirst, b)));
     }
     for (; x < width; ++x)
-        out[x] = (x + phase) % 2 == 0 ? first[x] : second[x];
+        pick(x);
+    // Streamed stores are ordered only by a fence: the row is complete for every reader after it.
+    _mm_sfence();
 }
 
 QSize layoutSize(StereoLayout layout, QSize view)
