@@ -83,12 +83,13 @@ std::optional<QByteArray> encodeJps(const QImage &left, const QImage &right, con
 {
     if (left.isNull() || right.isNull() || left.height() != right.height())
         return std::nullopt;
-    const QImage picture = composeSideBySide(right, left);
-    const std::optional<EncodedJpeg> encoded = compressJpeg(picture, lossyQuality);
+    const std::optional<EncodedJpeg> encoded = right.width() % 2 == 0
+                                                   ? compressJpegSideBySide(right, left, lossyQuality)
+                                                   : compressJpeg(composeSideBySide(right, left), lossyQuality);
     if (!encoded)
         return std::nullopt;
-    return jpegWithHeaders(encoded->bytes(), exifForWrittenPicture(cameraExif, picture.size()),
-                           jpsDescriptorSegment(JpsDescriptor{}));
+    const QSize size(right.width() + left.width(), left.height());
+    return jpegWithHeaders(encoded->bytes(), exifForWrittenPicture(cameraExif, size), jpsDescriptorSegment(JpsDescriptor{}));
 }
 
 } // namespace Vorel

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPainter>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -162,7 +163,7 @@ TEST(Jps, WrittenRightFirstWithADescriptorThatSaysSo)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("pair.jps"));
-    const QImage left = pattern(96, 64, 5), right = pattern(96, 64, 6);
+    const QImage left = pattern(96, 64, 5), right = pattern(95, 64, 6); // odd: the composing path
     writeStereoFile(left, right, path, StereoFileFormat::jps);
     const QByteArray file = readAll(path);
     EXPECT_EQ(readJpsDescriptor(path), JpsDescriptor{});
@@ -170,20 +171,47 @@ TEST(Jps, WrittenRightFirstWithADescriptorThatSaysSo)
                                                QStringLiteral("-JPSType"), QStringLiteral("-JPSFlags"), path}),
               QByteArray("Side By Side\nStereo\n(none)\n"));
     const QImage picture = *decodeJpeg(file.constData(), file.size());
-    ASSERT_EQ(picture.size(), QSize(192, 64));
+    ASSERT_EQ(picture.size(), QSize(191, 64));
     // Lossy: each half is compared by its mean difference to the view it should hold.
     const auto meanDifference = [&](int x0, const QImage &view) {
         qint64 sum = 0;
         for (int y = 0; y < 64; ++y)
-            for (int x = 0; x < 96; ++x)
+            for (int x = 0; x < view.width(); ++x)
                 sum += std::abs(qGreen(picture.pixel(x0 + x, y)) - qGreen(view.pixel(x, y)));
-        return double(sum) / (96 * 64);
+        return double(sum) / (view.width() * 64);
     };
     EXPECT_LT(meanDifference(0, right), 4.0);
-    EXPECT_LT(meanDifference(96, left), 4.0);
+    EXPECT_LT(meanDifference(95, left), 4.0);
     // Pictures without a descriptor (PNS, plain JPEG) take the default.
     for (const char *other : {"stereo/motorcycle_left.png", "stereo/left.jpg", "does-not-exist.jps"})
         EXPECT_EQ(readJpsDescriptor(data + QLatin1Char('/') + QLatin1String(other)), JpsDescriptor{}) << other;
+}
+
+// The views converted apart into one set of planes give the composed picture: the same bytes
+// when no edge padding is needed, else the same pixels away from the right edge blocks.
+TEST(Jps, SideBySideEncodingEqualsTheComposedPicture)
+{
+    const QSize sizes[][2] = {{{96, 64}, {96, 64}}, {{64, 33}, {47, 33}}, {{64, 9}, {49, 9}},
+                              {{2, 17}, {1, 17}},   {{4000, 9}, {3001, 9}}};
+    for (const auto &[firstSize, secondSize] : sizes) {
+        const QImage first = pattern(firstSize.width(), firstSize.height(), 9);
+        const QImage second = pattern(secondSize.width(), secondSize.height(), 10);
+        QImage composed(first.width() + second.width(), first.height(), QImage::Format_RGB32);
+        QPainter painter(&composed);
+        painter.drawImage(0, 0, first);
+        painter.drawImage(first.width(), 0, second);
+        painter.end();
+        const std::optional<EncodedJpeg> encoded = compressJpegSideBySide(first, second, lossyQuality);
+        const QByteArrayView ours = encoded->bytes();
+        const QByteArray reference = *encodeJpeg(composed, lossyQuality);
+        const int width = composed.width();
+        if ((width + 1) / 2 % 8 == 0)
+            EXPECT_EQ(ours, reference) << width;
+        const QImage a = *decodeJpeg(ours.data(), ours.size()), b = *decodeJpeg(reference.constData(), reference.size());
+        EXPECT_EQ(a.copy(0, 0, width - 32, a.height()), b.copy(0, 0, width - 32, b.height())) << width;
+    }
+    EXPECT_FALSE(compressJpegSideBySide(pattern(7, 8, 1), pattern(8, 8, 1), lossyQuality)); // odd first width
+    EXPECT_FALSE(compressJpegSideBySide(pattern(8, 8, 1), pattern(8, 7, 1), lossyQuality));
 }
 
 TEST(StereoFileWriter, FailureLeavesNothingBehind)
