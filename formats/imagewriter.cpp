@@ -53,8 +53,7 @@ std::optional<QByteArray> withExif(std::optional<QByteArray> encoded, const QByt
     return encoded && !exif.isEmpty() ? embed(*encoded, exif) : encoded;
 }
 
-} // namespace
-
+// The bytes of a file with this lower-cased extension; none when encoding fails.
 std::optional<QByteArray> encodeImage(const QImage &image, const QString &suffix, const QByteArray &cameraExif)
 {
     if (image.isNull())
@@ -70,6 +69,8 @@ std::optional<QByteArray> encodeImage(const QImage &image, const QString &suffix
         return encodeWithQt(image, "bmp");
     return withExif(encodeWithQt(image, "png"), exif, pngWithExif);
 }
+
+} // namespace
 
 bool saveFileAtomically(const QString &path, const QByteArray &bytes)
 {

@@ -5,8 +5,6 @@
 // HEIC at quality 90. The write is atomic: on failure an existing file stays untouched.
 #pragma once
 
-#include <optional>
-
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -19,10 +17,6 @@ inline constexpr int lossyQuality = 90;
 // `cameraExif`: the source's Exif block (readCameraExif); when not empty, every format but
 // BMP carries it, rewritten for the written pixels (exifForWrittenPicture).
 bool writeImage(const QImage &image, const QString &path, const QByteArray &cameraExif = {});
-
-// The bytes writeImage would write for a file with this lower-cased extension; none when
-// encoding fails.
-std::optional<QByteArray> encodeImage(const QImage &image, const QString &suffix, const QByteArray &cameraExif = {});
 
 // Replaces the file at `path` with `bytes` atomically; false when that fails.
 bool saveFileAtomically(const QString &path, const QByteArray &bytes);
