@@ -21,6 +21,7 @@
 #include "batch/batchsettingsviewcontroller.h"
 #include "formats/imagewriter.h"
 #include "formats/spatialphotoerror.h"
+#include "formats/stereofilewriter.h"
 
 namespace Vorel {
 
@@ -114,16 +115,38 @@ void MainWindow::chooseFileToSave()
 {
     if (!requirePair())
         return;
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save Display Image..."), QFileInfo(lastOpenedURL).path(),
-                                                      tr("Images (*.jpg *.png *.tif *.heic *.bmp)"));
-    if (!path.isEmpty() && !saveDisplayImage(path))
-        alert(tr("Could not save %1").arg(QFileInfo(path).fileName()));
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Display Image..."), QFileInfo(lastOpenedURL).path(),
+                                     tr("Images (*.jpg *.png *.tif *.heic *.bmp);;MPO (*.mpo);;JPS (*.jps)"));
+    if (!path.isEmpty())
+        saveDisplayImage(path);
 }
 
 bool MainWindow::saveDisplayImage(const QString &path)
 {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    const std::optional<StereoFileFormat> pairFormat =
+        suffix == QLatin1String("mpo")   ? std::optional(StereoFileFormat::mpo)
+        : suffix == QLatin1String("jps") ? std::optional(StereoFileFormat::jps)
+                                         : std::nullopt;
+    if (pairFormat) {
+        // A pair format holds both views whatever the mode shows: the pair at full width.
+        const std::optional<ImagePair> pair = proc.renderFullWidth(false);
+        if (!pair)
+            return false;
+        try {
+            writeStereoFile(pair->left, pair->right, path, *pairFormat, proc.cameraExif);
+            return true;
+        } catch (const StereoFileError &error) {
+            alert(error.description());
+            return false;
+        }
+    }
     const std::optional<QImage> picture = displayImage();
-    return picture && writeImage(*picture, path);
+    if (picture && writeImage(*picture, path, proc.cameraExif))
+        return true;
+    alert(tr("Could not save %1").arg(QFileInfo(path).fileName()));
+    return false;
 }
 
 void MainWindow::cpSaveSpatialPhoto()

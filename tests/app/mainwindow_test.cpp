@@ -6,14 +6,19 @@
 #include <unistd.h>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
+#include <QMenuBar>
+#include <QRadioButton>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include "app/controlpanelwidget.h"
 #include "app/mainwindow.h"
+#include "app/pairview.h"
 #include "core/preferences.h"
+#include "formats/cameraexif.h"
 
 using namespace Vorel;
 
@@ -106,20 +111,105 @@ private slots:
         QCOMPARE(window->processor().adjustment.horizontalOffset, 0.5);
     }
 
-    void modesAndSaving()
+    // Every mode is in the View menu (the classic six on Ctrl+1..6) and on the panel (their radio
+    // buttons, the rest in the "More:" list); choosing it either way marks it in exactly one place.
+    void everyModeFromMenuAndPanel()
+    {
+        QList<QAction *> actions;
+        for (QMenu *menu : window->menuBar()->findChildren<QMenu *>())
+            actions << menu->actions();
+        const QList<QRadioButton *> radios = window->controlPanel()->findChildren<QRadioButton *>();
+        QComboBox *more = nullptr;
+        for (QComboBox *box : window->controlPanel()->findChildren<QComboBox *>())
+            if (box->findText(QStringLiteral("Checkerboard")) >= 0)
+                more = box;
+        QVERIFY(more);
+        for (size_t i = 0; i < displayModes.size(); ++i) {
+            const QString text = QString::fromLatin1(displayModes[i].uiText);
+            const DisplayMode mode = displayModes[i].mode;
+            const auto action = std::find_if(actions.begin(), actions.end(), [&](QAction *a) { return a->text() == text; });
+            QVERIFY2(action != actions.end(), qPrintable(text));
+            QCOMPARE((*action)->shortcut(), i < 6 ? QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(i))) : QKeySequence());
+            const auto radio = std::find_if(radios.begin(), radios.end(), [&](QRadioButton *b) { return b->text() == text; });
+            QCOMPARE(radio != radios.end(), i < 6);
+            for (const bool fromPanel : {false, true}) {
+                window->setDisplayMode(i == 0 ? DisplayMode::checkerboard : DisplayMode::sbs);
+                if (!fromPanel)
+                    (*action)->trigger();
+                else if (radio != radios.end())
+                    (*radio)->click();
+                else
+                    emit more->activated(more->findText(text));
+                QCOMPARE(window->displayMode(), mode);
+                for (QRadioButton *button : radios)
+                    QCOMPARE(button->isChecked(), button->text() == text);
+                QCOMPARE(more->currentText(), radio != radios.end() ? QString() : text);
+            }
+        }
+    }
+
+    // What each mode saves; interlaced modes are shown 1:1 however the view is fitted.
+    void modesShowAndSave()
     {
         QVERIFY(window->openPaths({data + QStringLiteral("/stereo/02-super-mario.jpg")}));
         const struct {
             DisplayMode mode;
             QSize saved;
-        } rows[] = {{DisplayMode::sbs, {1044, 720}}, {DisplayMode::hsbs, {522, 720}}, {DisplayMode::anaglyphd, {522, 720}}};
+            bool pixelExact;
+        } rows[] = {{DisplayMode::sbs, {1044, 720}, false},          {DisplayMode::hsbs, {522, 720}, false},
+                    {DisplayMode::anaglyphd, {522, 720}, false},     {DisplayMode::anaglyphOptimized, {522, 720}, false},
+                    {DisplayMode::overUnder, {522, 1440}, false},    {DisplayMode::halfOverUnder, {522, 720}, false},
+                    {DisplayMode::rowInterlaced, {522, 720}, true},  {DisplayMode::checkerboard, {522, 720}, true}};
         for (const auto &row : rows) {
             window->setDisplayMode(row.mode);
+            window->cpFit();
+            QCOMPARE(window->pairView()->zoom() == 1.0, row.pixelExact);
             const QString path = dir.filePath(QStringLiteral("out%1.png").arg(int(row.mode)));
             QVERIFY(window->saveDisplayImage(path));
             QCOMPARE(QImage(path).size(), row.saved);
         }
         QVERIFY(window->processor().isHalf == false);
+        QVERIFY(alerts.isEmpty());
+    }
+
+    // ".mpo" and ".jps" save the full-width adjusted pair, swapped as shown, and read back as a
+    // pair; so does an over/under display image opened as over/under. Saving carries the camera's
+    // Exif, and a failing writer's own text is alerted.
+    void savedPairsReadBackSwapped()
+    {
+        QImage red(40, 30, QImage::Format_RGB32), blue(40, 30, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        blue.fill(Qt::blue);
+        const QString leftPath = dir.filePath(QStringLiteral("l.png")), rightPath = dir.filePath(QStringLiteral("r.png"));
+        QVERIFY(red.save(leftPath) && blue.save(rightPath));
+        const struct {
+            DisplayMode mode;
+            const char *name;
+            StereoFileKind kind;
+        } rows[] = {{DisplayMode::hsbs, "pair.mpo", StereoFileKind::byExtension},
+                    {DisplayMode::anaglyphd, "pair.jps", StereoFileKind::byExtension},
+                    {DisplayMode::overUnder, "pair.png", StereoFileKind::overUnder}};
+        for (const auto &row : rows) {
+            QVERIFY(window->openPaths({leftPath, rightPath}));
+            if (!window->processor().isSwap)
+                window->cpSwap();
+            window->setDisplayMode(row.mode);
+            const QString saved = dir.filePath(QString::fromLatin1(row.name));
+            QVERIFY(window->saveDisplayImage(saved));
+            QVERIFY(window->openPaths({saved}, row.kind));
+            QCOMPARE(window->processor().leftOriginal->size(), QSize(40, 30));
+            QVERIFY2(qBlue(window->processor().leftOriginal->pixel(20, 15)) > 200, row.name);
+            QVERIFY2(qRed(window->processor().rightOriginal->pixel(20, 15)) > 200, row.name);
+        }
+        QVERIFY(window->openPaths({data + QStringLiteral("/mpo/sugarshack.mpo")}));
+        QVERIFY(!window->processor().cameraExif.isEmpty());
+        for (const QString name : {QStringLiteral("exif.jpg"), QStringLiteral("exif.mpo"), QStringLiteral("exif.jps")}) {
+            QVERIFY(window->saveDisplayImage(dir.filePath(name)));
+            QVERIFY2(!readCameraExif(dir.filePath(name)).isEmpty(), qPrintable(name));
+        }
+        QVERIFY(alerts.isEmpty());
+        QVERIFY(!window->saveDisplayImage(dir.filePath(QStringLiteral("missing/pair.mpo"))));
+        QCOMPARE(alerts.size(), 1);
     }
 
     void undoRedoAndBrokenFiles()
