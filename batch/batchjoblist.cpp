@@ -6,6 +6,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "batch/namepairing.h"
+#include "core/stereofilelist.h"
+
 namespace Vorel {
 
 namespace {
@@ -13,6 +16,37 @@ namespace {
 constexpr qsizetype namesShown = 5;
 
 QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
+
+QStringList outputNames(const QString &base, const BatchSettings &settings)
+{
+    const QString extension = QString::fromLatin1(batchOutputExtension(settings).data());
+    if (settings.outputFormat == BatchOutputFormat::separate)
+        return {base + QStringLiteral("_L.") + extension, base + QStringLiteral("_R.") + extension};
+    return {base + QLatin1Char('.') + extension};
+}
+
+// The job reading `inputs`, writing the outputs named after `base` in the output folder.
+BatchJob jobWritingAs(const QStringList &inputs, const QString &base, const BatchSettings &settings)
+{
+    BatchJob job;
+    job.inputs = inputs;
+    const QDir output(settings.outputFolder);
+    for (const QString &name : outputNames(base, settings))
+        job.outputs << output.absoluteFilePath(name);
+    return job;
+}
+
+// The stereo files of the sub-folder named `letter` in either case; none without one.
+QStringList subFolderFiles(const QString &folder, char letter)
+{
+    const QDir dir(folder);
+    for (const QChar name : {QChar::fromLatin1(letter), QChar::fromLatin1(letter).toUpper()})
+        if (QFileInfo(dir.filePath(QString(name))).isDir())
+            return listStereoFiles(dir.filePath(QString(name)));
+    return {};
+}
+
+QString baseName(const QString &path) { return QFileInfo(path).completeBaseName(); }
 
 } // namespace
 
@@ -26,26 +60,34 @@ QString BatchJob::displayName() const
 
 QStringList batchOutputNames(const QString &inputFile, const BatchSettings &settings)
 {
-    const QString base = QFileInfo(inputFile).completeBaseName();
-    const QString extension = settings.outputFormat == BatchOutputFormat::spatial
-                                  ? QStringLiteral("heic")
-                                  : QString::fromLatin1(batchFileFormats[size_t(settings.fileFormat)].cliName.data());
-    if (settings.outputFormat == BatchOutputFormat::separate)
-        return {base + QStringLiteral("_L.") + extension, base + QStringLiteral("_R.") + extension};
-    return {base + QLatin1Char('.') + extension};
+    return outputNames(baseName(inputFile), settings);
 }
 
 std::vector<BatchJob> makeBatchJobs(const QStringList &files, const BatchSettings &settings)
 {
     const qsizetype step = settings.inputFormat == BatchInputFormat::separate ? 2 : 1;
-    const QDir output(settings.outputFolder);
     std::vector<BatchJob> jobs;
     jobs.reserve(size_t((files.size() + step - 1) / step));
-    for (qsizetype i = 0; i < files.size(); i += step) {
-        BatchJob job;
-        job.inputs = files.mid(i, step);
-        for (const QString &name : batchOutputNames(files[i], settings))
-            job.outputs << output.absoluteFilePath(name);
+    for (qsizetype i = 0; i < files.size(); i += step)
+        jobs.push_back(jobWritingAs(files.mid(i, step), baseName(files[i]), settings));
+    return jobs;
+}
+
+std::vector<BatchJob> listBatchJobs(const BatchSettings &settings)
+{
+    const QStringList files = listStereoFiles(settings.inputFolder);
+    if (!(settings.inputFormat == BatchInputFormat::separate && settings.pairByName))
+        return makeBatchJobs(files, settings);
+    const std::vector<NamePairing> pairings = pairByName(files, subFolderFiles(settings.inputFolder, 'l'),
+                                                         subFolderFiles(settings.inputFolder, 'r'));
+    std::vector<BatchJob> jobs;
+    for (const NamePairing &pairing : pairings) {
+        if (pairing.unpaired.isEmpty()) {
+            jobs.push_back(jobWritingAs({pairing.left, pairing.right}, pairing.name, settings));
+            continue;
+        }
+        BatchJob job = jobWritingAs({pairing.unpaired}, baseName(pairing.unpaired), settings);
+        job.skipReason = pairing.reason;
         jobs.push_back(std::move(job));
     }
     return jobs;

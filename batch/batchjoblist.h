@@ -21,6 +21,8 @@ struct BatchJob {
     // Open the input as the main window opens a file (kind by extension, falling back to a
     // side-by-side picture) instead of strictly as the input format says.
     bool openAsWindow = false;
+    // Why the job is not run: a file that found no partner when pairing by name.
+    QString skipReason;
 
     // The name shown for the job: the input file names, joined by " + " for a pair.
     QString displayName() const;
@@ -29,6 +31,11 @@ struct BatchJob {
 // Consecutive files pair up for `separate` input (an odd last file is a job of its own, which
 // fails when run); every other input format makes one job per file.
 std::vector<BatchJob> makeBatchJobs(const QStringList &files, const BatchSettings &settings);
+
+// The jobs of the input folder: its stereo files in natural order, paired by position, or by
+// name when `separate` input pairs by name (then the files of its l/ and r/ sub-folders too).
+// Empty when the folder holds no stereo file.
+std::vector<BatchJob> listBatchJobs(const BatchSettings &settings);
 
 // The file names a job for `inputFile` writes, in the output folder.
 QStringList batchOutputNames(const QString &inputFile, const BatchSettings &settings);

@@ -57,7 +57,10 @@ std::vector<JobResult> BatchProcessor::process(const BatchSettings &settings, co
         if (hooks.jobStarted)
             hooks.jobStarted(i, job);
         JobResult result;
-        if (options.skipExisting && allOutputsExist(job)) {
+        if (!job.skipReason.isEmpty()) {
+            result.status = JobStatus::skippedUnpaired;
+            result.error = job.skipReason;
+        } else if (options.skipExisting && allOutputsExist(job)) {
             result.status = JobStatus::skippedExisting;
         } else {
             const ImageBorderSettings border =

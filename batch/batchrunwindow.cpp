@@ -8,7 +8,6 @@
 #include <QPushButton>
 
 #include "batch/batchjoblist.h"
-#include "core/stereofilelist.h"
 #include "batch/batchprocessor.h"
 #include "batch/batchprogressviewcontroller.h"
 #include "batch/batchsettings.h"
@@ -39,13 +38,12 @@ bool askOverwrite(QWidget *parent, const QStringList &existingNames)
 BatchProgressViewController *runBatch(const BatchSettings &settings, const Preferences &preferences,
                                       const BatchRunPrompts &prompts, QWidget *parent)
 {
-    const QStringList files = listStereoFiles(settings.inputFolder);
-    if (files.isEmpty()) {
+    std::vector<BatchJob> jobs = listBatchJobs(settings);
+    if (jobs.empty()) {
         const QString message = tr("No target image files found in the input folder.");
         prompts.alert ? prompts.alert(message) : void(QMessageBox::warning(parent, tr("Batch Processing"), message));
         return nullptr;
     }
-    std::vector<BatchJob> jobs = makeBatchJobs(files, settings);
     if (const QStringList existing = existingOutputNames(jobs); !existing.isEmpty()) {
         const bool overwrite =
             prompts.confirmOverwrite ? prompts.confirmOverwrite(existing) : askOverwrite(parent, existing);
@@ -68,7 +66,7 @@ BatchProgressViewController *runBatch(const BatchSettings &settings, const Prefe
             if (result.status == JobStatus::cancelled)
                 return; // stopped between two stages: neither done nor skipped
             window->update(++done, total, job.displayName());
-            if (result.status == JobStatus::failed)
+            if (result.status == JobStatus::failed || result.status == JobStatus::skippedUnpaired)
                 window->addSkipped(job.displayName(), result.error);
         },
         Qt::QueuedConnection);

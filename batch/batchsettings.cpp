@@ -45,6 +45,7 @@ BatchSettings BatchSettings::load(const Preferences &preferences, const std::opt
     s.inputFormat = batchChoiceAt(batchInputFormats, storedInteger(preferences, "inputFormat"));
     s.outputFormat = batchChoiceAt(batchOutputFormats, storedInteger(preferences, "outputFormat"));
     s.fileFormat = batchChoiceAt(batchFileFormats, storedInteger(preferences, "fileFormat"));
+    s.pairByName = preferences.flag(key("pairByName"));
     s.swapLR = preferences.flag(key("swapLR"));
     s.autoAdj = preferences.flag(key("autoAdj"));
     s.autoAdjCol = preferences.flag(key("autoAdjCol"));
@@ -92,9 +93,9 @@ void BatchSettings::save(Preferences &preferences) const
     preferences.setInteger(key("outputFormat"), int(outputFormat));
     preferences.setInteger(key("fileFormat"), int(fileFormat));
     const std::pair<const char *, bool> flags[] = {
-        {"swapLR", swapLR},       {"autoAdj", autoAdj},         {"autoAdjCol", autoAdjCol},
-        {"autoAdjColLeft", autoAdjColLeft}, {"manualAdj", manualAdj}, {"cropEnabled", cropEnabled},
-        {"resizeEnabled", resizeEnabled},
+        {"pairByName", pairByName}, {"swapLR", swapLR},       {"autoAdj", autoAdj},
+        {"autoAdjCol", autoAdjCol}, {"autoAdjColLeft", autoAdjColLeft}, {"manualAdj", manualAdj},
+        {"cropEnabled", cropEnabled}, {"resizeEnabled", resizeEnabled},
     };
     for (const auto &[name, value] : flags)
         preferences.setFlag(key(name), value);
@@ -127,6 +128,44 @@ std::optional<QString> BatchSettings::validate() const
         return tr("Crop size (W, H) must be greater than 0.");
     if (resizeEnabled && (resizeW < 1 || resizeH < 1))
         return tr("Resize dimensions (W, H) must be greater than 0.");
+    return std::nullopt;
+}
+
+std::string_view batchOutputExtension(const BatchSettings &settings)
+{
+    switch (settings.outputFormat) {
+    case BatchOutputFormat::spatial:
+        return "heic";
+    case BatchOutputFormat::mpo:
+        return "mpo";
+    case BatchOutputFormat::jps:
+        return "jps";
+    default:
+        return batchFileFormats[size_t(settings.fileFormat)].cliName;
+    }
+}
+
+std::optional<DisplayMode> displayModeWritten(BatchOutputFormat format)
+{
+    static constexpr std::pair<BatchOutputFormat, DisplayMode> written[] = {
+        {BatchOutputFormat::sbs, DisplayMode::sbs},
+        {BatchOutputFormat::anaglyphGray, DisplayMode::anaglyph},
+        {BatchOutputFormat::anaglyphColor, DisplayMode::anaglyphc},
+        {BatchOutputFormat::anaglyphDubois, DisplayMode::anaglyphd},
+        {BatchOutputFormat::halfSBS, DisplayMode::hsbs},
+        {BatchOutputFormat::overUnder, DisplayMode::overUnder},
+        {BatchOutputFormat::halfOverUnder, DisplayMode::halfOverUnder},
+        {BatchOutputFormat::rowInterlaced, DisplayMode::rowInterlaced},
+        {BatchOutputFormat::columnInterlaced, DisplayMode::columnInterlaced},
+        {BatchOutputFormat::checkerboard, DisplayMode::checkerboard},
+        {BatchOutputFormat::anaglyphDuboisAmberBlue, DisplayMode::anaglyphAmberBlue},
+        {BatchOutputFormat::anaglyphDuboisGreenMagenta, DisplayMode::anaglyphGreenMagenta},
+        {BatchOutputFormat::anaglyphHalfColor, DisplayMode::anaglyphHalfColor},
+        {BatchOutputFormat::anaglyphOptimized, DisplayMode::anaglyphOptimized},
+    };
+    for (const auto &[output, mode] : written)
+        if (output == format)
+            return mode;
     return std::nullopt;
 }
 

@@ -12,6 +12,7 @@
 #include <QString>
 
 #include "core/pairresize.h"
+#include "core/stereotypes.h"
 
 namespace Vorel {
 
@@ -125,6 +126,7 @@ struct BatchSettings {
     BatchInputFormat inputFormat = BatchInputFormat::sbs;
     BatchOutputFormat outputFormat = BatchOutputFormat::sbs;
     BatchFileFormat fileFormat = BatchFileFormat::jpg;
+    bool pairByName = false; // separate input: pair "a_L"/"a_R", "a-left"/"a-right", l/ and r/ files
     bool swapLR = false;
     bool autoAdj = false;
     bool autoAdjCol = false;
@@ -142,6 +144,8 @@ struct BatchSettings {
     double spatialFov = 63.4;
     int spatialAdj = 200;
     double spatialStb = 0.01924;
+    // Command line only, never stored: write no camera Exif into the outputs.
+    bool stripMetadata = false;
 
     // Reads every key; `lastCrop` and `lastResize`, the viewer's latest interactive choices,
     // take the place of the stored crop and resize values when given.
@@ -155,6 +159,14 @@ struct BatchSettings {
 
     bool operator==(const BatchSettings &) const = default;
 };
+
+// The extension of the files a run writes: the file format's, except for the outputs that
+// are a container of their own (spatial photos, MPO, JPS).
+std::string_view batchOutputExtension(const BatchSettings &settings);
+
+// The display mode whose picture an output format writes; none for the outputs that are not
+// one composed picture (spatial, separate, MPO, JPS) and for the framed `imageBorder`.
+std::optional<DisplayMode> displayModeWritten(BatchOutputFormat format);
 
 // The disparity adjustment as the dialog's field stores it: the number's integer part,
 // truncated toward zero; none when the text is not a decimal number.

@@ -124,6 +124,14 @@ QWidget *BatchSettingsViewController::makeInputGroup()
     form->addRow(tr("Folder:"), makeFolderRow(inputFolderLabel, inputBrowseButton, tr("Choose the input folder")));
     inputFormatPopUp = popUp(batchInputFormats);
     form->addRow(tr("Format:"), inputFormatPopUp);
+    pairByNameCheck = new QCheckBox(tr("Pair by name (_L/_R, -left/-right, l/ and r/ folders)"));
+    form->addRow(QString(), pairByNameCheck);
+    // Only separate left and right files are paired at all.
+    const auto pairsFiles = [this] {
+        pairByNameCheck->setEnabled(inputFormatPopUp->currentIndex() == int(BatchInputFormat::separate));
+    };
+    connect(inputFormatPopUp, &QComboBox::currentIndexChanged, this, pairsFiles);
+    pairsFiles();
     return group;
 }
 
@@ -278,9 +286,10 @@ void BatchSettingsViewController::fill(const BatchSettings &s)
     inputFormatPopUp->setCurrentIndex(int(s.inputFormat));
     outputFormatPopUp->setCurrentIndex(int(s.outputFormat));
     fileFormatPopUp->setCurrentIndex(int(s.fileFormat));
-    const std::pair<QCheckBox *, bool> checks[] = {{swapCheck, s.swapLR},       {autoAdjCheck, s.autoAdj},
-                                                   {autoAdjColCheck, s.autoAdjCol}, {manualAdjCheck, s.manualAdj},
-                                                   {cropCheck, s.cropEnabled},   {resizeCheck, s.resizeEnabled}};
+    const std::pair<QCheckBox *, bool> checks[] = {
+        {pairByNameCheck, s.pairByName}, {swapCheck, s.swapLR},         {autoAdjCheck, s.autoAdj},
+        {autoAdjColCheck, s.autoAdjCol}, {manualAdjCheck, s.manualAdj}, {cropCheck, s.cropEnabled},
+        {resizeCheck, s.resizeEnabled}};
     for (const auto &[check, on] : checks)
         check->setChecked(on);
     referencePopUp->setCurrentIndex(s.autoAdjColLeft ? 1 : 0);
@@ -337,6 +346,7 @@ BatchSettings BatchSettingsViewController::settings() const
     s.inputFormat = batchChoiceAt(batchInputFormats, inputFormatPopUp->currentIndex());
     s.outputFormat = batchChoiceAt(batchOutputFormats, outputFormatPopUp->currentIndex());
     s.fileFormat = batchChoiceAt(batchFileFormats, fileFormatPopUp->currentIndex());
+    s.pairByName = pairByNameCheck->isChecked();
     s.swapLR = swapCheck->isChecked();
     s.autoAdj = autoAdjCheck->isChecked();
     s.autoAdjCol = autoAdjColCheck->isChecked();

@@ -49,6 +49,7 @@ public:
     QComboBox *inputFormatPopUp;  // BatchInputFormat order
     QComboBox *outputFormatPopUp; // BatchOutputFormat order
     QComboBox *fileFormatPopUp;   // BatchFileFormat order
+    QCheckBox *pairByNameCheck;   // enabled for separate input only
     QCheckBox *swapCheck;
     QCheckBox *autoAdjCheck;
     QCheckBox *autoAdjColCheck;

@@ -14,6 +14,7 @@
 #include "core/stereointake.h"
 #include "formats/imagewriter.h"
 #include "formats/spatialphotoerror.h"
+#include "formats/stereofilewriter.h"
 
 namespace Vorel {
 
@@ -34,6 +35,10 @@ StereoFileKind strictKind(BatchInputFormat format)
         return StereoFileKind::spatial;
     case BatchInputFormat::mpo:
         return StereoFileKind::mpo;
+    case BatchInputFormat::jps:
+        return StereoFileKind::jps;
+    case BatchInputFormat::overUnder:
+        return StereoFileKind::overUnder;
     default:
         return StereoFileKind::sideBySide;
     }
@@ -62,9 +67,13 @@ void writeOutputs(const StereoImageProcessor &proc, const BatchSettings &setting
 {
     const QString &path = job.outputs.value(0);
     const auto written = [&](const std::optional<QImage> &picture, const QString &target) {
-        if (!picture || !writeImage(*picture, target))
+        if (!picture || !writeImage(*picture, target, proc.cameraExif))
             throw StageFailure{tr("Could not save %1").arg(QFileInfo(target).fileName())};
     };
+    if (const std::optional<DisplayMode> mode = displayModeWritten(settings.outputFormat)) {
+        written(proc.renderDisplayPicture(*mode, false), path);
+        return;
+    }
     switch (settings.outputFormat) {
     case BatchOutputFormat::spatial:
         try {
@@ -76,24 +85,28 @@ void writeOutputs(const StereoImageProcessor &proc, const BatchSettings &setting
     case BatchOutputFormat::imageBorder:
         written(composeBorderedPair(proc, border, false), path);
         return;
-    case BatchOutputFormat::anaglyphGray:
-    case BatchOutputFormat::anaglyphColor:
-    case BatchOutputFormat::anaglyphDubois: {
-        const int kind = int(settings.outputFormat) - int(BatchOutputFormat::anaglyphGray);
-        written(proc.renderAnaglyph(kind, false), path);
-        return;
-    }
     case BatchOutputFormat::separate: {
         const std::optional<ImagePair> pair = proc.renderFullWidth(false);
         written(pair ? std::optional(pair->left) : std::nullopt, path);
         written(pair ? std::optional(pair->right) : std::nullopt, job.outputs.value(1));
         return;
     }
-    case BatchOutputFormat::sbs:
-    case BatchOutputFormat::halfSBS:
-        if (!proc.saveSideBySide(path))
+    case BatchOutputFormat::mpo:
+    case BatchOutputFormat::jps: {
+        const std::optional<ImagePair> pair = proc.renderFullWidth(false);
+        const StereoFileFormat format =
+            settings.outputFormat == BatchOutputFormat::mpo ? StereoFileFormat::mpo : StereoFileFormat::jps;
+        if (!pair)
             throw StageFailure{tr("Could not save %1").arg(QFileInfo(path).fileName())};
+        try {
+            writeStereoFile(pair->left, pair->right, path, format, proc.cameraExif);
+        } catch (const StereoFileError &error) {
+            throw StageFailure{error.description()};
+        }
         return;
+    }
+    default:
+        return; // every other output is a display picture
     }
 }
 
@@ -109,6 +122,8 @@ void runStages(const BatchSettings &settings, const BatchJob &job, const ImageBo
     checkpoint();
     load(proc, settings, job);
     checkpoint();
+    if (settings.stripMetadata)
+        proc.cameraExif.clear();
     // The source images stay in place; every output shows them exchanged.
     proc.isSwap = settings.swapLR;
     if (settings.autoAdj) {
@@ -135,7 +150,6 @@ void runStages(const BatchSettings &settings, const BatchJob &job, const ImageBo
             throw StageFailure{tr("Could not resize the pair.")};
         checkpoint();
     }
-    proc.isHalf = settings.outputFormat == BatchOutputFormat::halfSBS;
     writeOutputs(proc, settings, job, border);
 }
 

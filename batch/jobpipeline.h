@@ -16,7 +16,8 @@
 
 namespace Vorel {
 
-enum class JobStatus { ok, failed, skippedExisting, cancelled };
+// `skippedUnpaired`: a file that found no partner when pairing by name; the error says why.
+enum class JobStatus { ok, failed, skippedExisting, cancelled, skippedUnpaired };
 
 struct JobResult {
     JobStatus status = JobStatus::ok;

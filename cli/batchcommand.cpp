@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include "batch/batchprocessor.h"
-#include "core/stereofilelist.h"
 #include "cli/batchprogress.h"
 #include "cli/joblog.h"
 #include "cli/pipelineoptions.h"
@@ -109,12 +108,12 @@ int runBatch(const QStringList &arguments)
 {
     const PipelineOptions options = parsePipelineOptions(arguments, CliCommand::batch);
     const BatchSettings settings = batchSettings(options);
-    const QStringList files = listStereoFiles(settings.inputFolder);
-    if (files.isEmpty()) {
+    const std::vector<BatchJob> allJobs = listBatchJobs(settings);
+    if (allJobs.empty()) {
         printError(tr("No target image files found in the input folder."));
         return exitFailure;
     }
-    const std::vector<BatchJob> jobs = shardJobs(makeBatchJobs(files, settings), options.shard);
+    const std::vector<BatchJob> jobs = shardJobs(allJobs, options.shard);
     if (options.dryRun) {
         printJobs(jobs);
         return 0;
@@ -135,8 +134,11 @@ int runBatch(const QStringList &arguments)
 QString batchUsage()
 {
     return tr("usage: vorel-cli batch [options] INPUT_DIR OUTPUT_DIR\n") + optionsHelp(CliCommand::batch) +
-           tr("Jobs: the folder's jpg, jpeg, png, tif(f), heic and mpo files in natural name order, paired\n"
-              "one after another for --input separate. Outputs are named after the (first) input.\n"
+           tr("Jobs: the folder's jpg, jpeg, png, tif(f), heic, mpo, jps and pns files in natural name order,\n"
+              "paired one after another for --input separate, or by name with --pair-by-name (a_L/a_R,\n"
+              "a-left/a-right in any case, and same-named files in the l/ and r/ sub-folders; a file\n"
+              "without a partner is skipped with the reason). Outputs are named after the (first) input,\n"
+              "or after the name both files of a named pair share.\n"
               "Without --stored: --fov 63.4 --disparity-adj 200 --stereo-base 0.01924.\n"
               "Exit status: 0 every job written or skipped as existing, 1 a job failed, 2 usage error,\n"
               "130 stopped by SIGINT or SIGTERM (between stages; no partial file stays).\n");

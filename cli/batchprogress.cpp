@@ -62,8 +62,10 @@ void BatchProgress::jobFinished(size_t index, const BatchJob &job, const JobResu
         ++skipped;
     } else if (result.status == JobStatus::failed) {
         failures.emplace_back(job.displayName(), result.error);
+    } else if (result.status == JobStatus::skippedUnpaired) {
+        unpaired.emplace_back(job.displayName(), result.error);
     }
-    if (result.status != JobStatus::skippedExisting) {
+    if (result.status != JobStatus::skippedExisting && result.status != JobStatus::skippedUnpaired) {
         ++worked;
         workSeconds += result.seconds;
     }
@@ -75,7 +77,8 @@ void BatchProgress::jobFinished(size_t index, const BatchJob &job, const JobResu
     // On a terminal only what the bar cannot show gets a line of its own.
     if (!terminal)
         std::cerr << line.toStdString() << '\n';
-    else if (result.status == JobStatus::failed || !result.warnings.isEmpty())
+    else if (result.status == JobStatus::failed || result.status == JobStatus::skippedUnpaired ||
+             !result.warnings.isEmpty())
         std::cerr << "\r\x1b[K" << line.toStdString() << '\n';
 }
 
@@ -94,11 +97,15 @@ void BatchProgress::finish(bool stopped)
               << '\n';
     if (stopped)
         std::cerr << tr("Processing aborted.").toStdString() << '\n';
-    if (failures.empty())
-        return;
-    std::cerr << tr("Failed:").toStdString() << '\n';
-    for (const auto &[name, reason] : failures)
-        std::cerr << "  " << name.toStdString() << ": " << reason.toStdString() << '\n';
+    const auto list = [](const char *title, const std::vector<std::pair<QString, QString>> &jobs) {
+        if (jobs.empty())
+            return;
+        std::cerr << tr(title).toStdString() << '\n';
+        for (const auto &[name, reason] : jobs)
+            std::cerr << "  " << name.toStdString() << ": " << reason.toStdString() << '\n';
+    };
+    list("Skipped without a partner:", unpaired);
+    list("Failed:", failures);
 }
 
 } // namespace Vorel

@@ -34,6 +34,7 @@ private:
     size_t worked = 0;       // jobs that ran, for the estimate
     double workSeconds = 0;  // their time together
     std::vector<std::pair<QString, QString>> failures; // name, reason
+    std::vector<std::pair<QString, QString>> unpaired; // name, reason
 };
 
 } // namespace Vorel

@@ -56,7 +56,11 @@ BatchJob convertJob(const PipelineOptions &options, const BatchSettings &setting
         throw UsageError{tr("a separate pair needs LEFT RIGHT OUTPUT")};
     if (paths.size() != 2 && paths.size() != 3)
         throw UsageError{tr("expected INPUT [RIGHT] OUTPUT")};
-    return BatchJob{paths.mid(0, paths.size() - 1), outputPaths(paths.last(), settings), !options.inputGiven};
+    BatchJob job;
+    job.inputs = paths.mid(0, paths.size() - 1);
+    job.outputs = outputPaths(paths.last(), settings);
+    job.openAsWindow = !options.inputGiven;
+    return job;
 }
 
 int runConvert(const QStringList &arguments)
@@ -91,7 +95,9 @@ QString convertUsage()
 {
     return tr("usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n") + optionsHelp(CliCommand::convert) +
            tr("The spatial parameters default to the values last used in the window. The extension\n"
-              "of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG).\n"
+              "of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG); --output mpo\n"
+              "and jps always write JPEG data. INPUT files ending in .jps or .pns are read as JPS.\n"
+              "Outputs keep the camera Exif of INPUT (of LEFT for a pair) unless --strip-metadata.\n"
               "Exit status: 0 written, 1 the work failed, 2 usage error.\n");
 }
 

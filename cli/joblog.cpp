@@ -18,6 +18,7 @@ constexpr std::pair<JobStatus, const char *> statusNames[] = {
     {JobStatus::failed, "failed"},
     {JobStatus::skippedExisting, "skipped-existing"},
     {JobStatus::cancelled, "cancelled"},
+    {JobStatus::skippedUnpaired, "skipped-unpaired"},
 };
 
 QJsonArray fileNames(const QStringList &paths)

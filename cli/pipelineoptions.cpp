@@ -96,7 +96,9 @@ const std::vector<OptionRule> &optionRules()
          }},
         {QStringLiteral("--output"), choiceList(batchOutputFormats), false,
          "what to write (default: sbs); border: framed as last set\n"
-         "up in the window; separate: NAME_L and NAME_R files",
+         "up in the window; separate: NAME_L and NAME_R files;\n"
+         "mpo and jps: always JPEG data, left view first in an\n"
+         "MPO, right view first in a JPS",
          editing([](const QString &v) -> Edit {
              const BatchOutputFormat format = namedChoice(batchOutputFormats, QStringLiteral("--output"), v);
              return [format](BatchSettings &s) { s.outputFormat = format; };
@@ -108,6 +110,15 @@ const std::vector<OptionRule> &optionRules()
              const BatchFileFormat format = namedChoice(batchFileFormats, QStringLiteral("--format"), v);
              return [format](BatchSettings &s) { s.fileFormat = format; };
          })},
+        {QStringLiteral("--pair-by-name"), {}, true,
+         "separate input: pair NAME_L with NAME_R, NAME-left with\n"
+         "NAME-right (any case) and l/NAME with r/NAME instead of\n"
+         "consecutive files",
+         editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.pairByName = true; }; })},
+        {QStringLiteral("--strip-metadata"), {}, false,
+         "write no camera Exif (date, camera, lens, exposure, GPS)\n"
+         "into the outputs",
+         editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.stripMetadata = true; }; })},
         {QStringLiteral("--swap"), {}, false, "exchange left and right",
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.swapLR = true; }; })},
         {QStringLiteral("--auto-align"), {}, false,

@@ -9,7 +9,7 @@
 namespace Vorel {
 
 // The accepted extensions, lower case, in the order they are checked.
-inline constexpr const char *stereoFileExtensions[] = {"jpg", "jpeg", "png", "tiff", "tif", "heic", "mpo"};
+inline constexpr const char *stereoFileExtensions[] = {"jpg", "jpeg", "png", "tiff", "tif", "heic", "mpo", "jps", "pns"};
 
 // The folder's direct entries with an accepted extension (any case), hidden files skipped, as
 // absolute paths in natural order ("a2.JPG" < "a10.jpg" < "b.jpg"). Empty when the folder

@@ -12,8 +12,10 @@ namespace Vorel {
 class StereoImageProcessor;
 
 // How a single file holds its pair. `byExtension` decides as the main window does:
-// ".mpo" is tried as MPO, ".heic" as a spatial photo, and both fall back to side-by-side.
-enum class StereoFileKind { byExtension, sideBySide, mpo, spatial };
+// ".mpo" is tried as MPO, ".heic" as a spatial photo, ".jps" and ".pns" as JPS, and all of
+// them fall back to side-by-side. `overUnder` has the left view on top; `jps` follows the
+// file's stereo descriptor, right view first without one.
+enum class StereoFileKind { byExtension, sideBySide, mpo, spatial, jps, overUnder };
 
 struct StereoEntry {
     QString left;  // the file, or the left file of a separate pair
@@ -29,7 +31,8 @@ struct StereoIntakeError {
 };
 
 // Loads the entry with history reset, strictly as `kind` says (`byExtension` as for
-// openEntry). Throws StereoIntakeError, leaving the processor as it was, when it cannot.
+// openEntry), and the camera Exif of its (left) file. Throws StereoIntakeError, leaving the
+// processor as it was, when it cannot.
 void loadEntry(StereoImageProcessor &proc, const StereoEntry &entry, StereoFileKind kind);
 
 // Loads the entry with history reset. Returns false, leaving the processor as it was,

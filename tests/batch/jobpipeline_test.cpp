@@ -63,13 +63,17 @@ TEST(JobPipeline, OutputsAreWhatTheWindowComposes)
         BatchOutputFormat output;
         QImage expected;
     };
-    const Case cases[] = {
+    std::vector<Case> cases{
         {BatchOutputFormat::sbs, composeSideBySide(pair.left, pair.right)},
         {BatchOutputFormat::halfSBS, composeSideBySide(halfWidth(pair.left), halfWidth(pair.right))},
         {BatchOutputFormat::anaglyphGray, *proc.renderAnaglyph(0, false)},
         {BatchOutputFormat::anaglyphDubois, *proc.renderAnaglyph(2, false)},
         {BatchOutputFormat::separate, pair.left},
     };
+    // Every other composed output is the window's picture of its display mode.
+    for (const BatchChoice<BatchOutputFormat> &choice : batchOutputFormats)
+        if (const std::optional<DisplayMode> mode = displayModeWritten(choice.value); mode && int(*mode) > int(DisplayMode::imageBorder))
+            cases.push_back({choice.value, *proc.renderDisplayPicture(*mode, false)});
     for (const Case &c : cases) {
         BatchSettings settings = settingsFor(BatchInputFormat::mpo, c.output);
         settings.swapLR = true;

@@ -108,6 +108,13 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
          {QStringLiteral("--output"), QStringLiteral("anaglyph-gray")},
          "out.bmp",
          {640, 480}},
+        {"over/under", {sbs}, {QStringLiteral("--output=over-under")}, "out.png", {522, 1440}},
+        {"half over/under", {sbs}, {QStringLiteral("--output=half-over-under")}, "out.png", {522, 720}},
+        {"interlaced", {sbs}, {QStringLiteral("--output=checkerboard")}, "out.png", {522, 720}},
+        {"amber-blue", {sbs}, {QStringLiteral("--output=anaglyph-dubois-amber-blue")}, "out.png", {522, 720}},
+        {"mpo, first picture", {sbs}, {QStringLiteral("--output=mpo")}, "out.mpo", {522, 720}},
+        {"jps under a jpg name", {sbs}, {QStringLiteral("--output=jps")}, "out.jpg", {1044, 720}},
+        {"over/under input", {sbs}, {QStringLiteral("--input=over-under")}, "out.png", {2088, 360}},
     };
     for (const CliCase &c : cases) {
         QTemporaryDir dir;
@@ -119,6 +126,36 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
         QImageReader reader(out);
         EXPECT_EQ(reader.size(), c.expectedSize) << c.name;
     }
+}
+
+// Every output file keeps the date and camera of the source; --strip-metadata writes none.
+TEST(ConvertProgram, KeepsTheCameraExif)
+{
+    QTemporaryDir dir;
+    const QString mpo = data + QStringLiteral("/mpo/Panasonic-DMC-GX8.mpo");
+    const auto tags = [](const QString &path) {
+        QProcess exiftool;
+        exiftool.start(QStringLiteral("exiftool"), {QStringLiteral("-s3"), QStringLiteral("-DateTimeOriginal"),
+                                                    QStringLiteral("-Model"), QStringLiteral("-Orientation#"), path});
+        exiftool.waitForFinished();
+        return QString::fromUtf8(exiftool.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    };
+    const QStringList kept{QStringLiteral("2020:08:10 11:16:55"), QStringLiteral("DMC-GX8"), QStringLiteral("1")};
+    const std::pair<const char *, const char *> outputs[] = {
+        {"sbs", "a.jpg"}, {"sbs", "a.png"}, {"half-sbs", "a.tif"}, {"anaglyph-dubois", "a.heic"},
+        {"mpo", "a.mpo"}, {"jps", "a.jps"}, {"separate", "s.png"}};
+    for (const auto &[output, name] : outputs) {
+        const QString out = dir.filePath(QLatin1String(name));
+        QString errors;
+        ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--output"), QLatin1String(output), mpo, out}, &errors),
+                  0)
+            << name << ": " << errors.toStdString();
+        const QString written = QLatin1String(output) == QLatin1String("separate") ? dir.filePath(QStringLiteral("s_R.png")) : out;
+        EXPECT_EQ(tags(written), kept) << name;
+    }
+    const QString bare = dir.filePath(QStringLiteral("bare.jpg"));
+    ASSERT_EQ(runCli({QStringLiteral("convert"), QStringLiteral("--strip-metadata"), mpo, bare}), 0);
+    EXPECT_EQ(tags(bare), QStringList());
 }
 
 // A spatial photo written headless opens again as the same pair; a HEIC without a stereo pair

@@ -46,6 +46,50 @@ TEST(StereoIntake, OpensEachFormAsItsPair)
     }
 }
 
+// Two views of plain colours stacked or side by side, written losslessly.
+QString twoViews(const QTemporaryDir &dir, const char *name, bool overUnder, int extent = 4)
+{
+    QImage image(overUnder ? 2 : extent, overUnder ? extent : 2, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if ((overUnder ? y : x) >= extent / 2)
+                image.setPixel(x, y, qRgb(0, 0, 255));
+    const QString path = dir.filePath(QLatin1String(name));
+    image.save(path, "PNG");
+    return path;
+}
+
+TEST(StereoIntake, StackedAndRightFirstPicturesGiveTheirLeftView)
+{
+    QTemporaryDir dir;
+    const struct {
+        const char *what;
+        QString path;
+        StereoFileKind kind;
+        QRgb left;
+    } rows[] = {
+        {"pns: right view first", twoViews(dir, "a.pns", false), StereoFileKind::byExtension, qRgb(0, 0, 255)},
+        {"side by side: left first", twoViews(dir, "a.png", false), StereoFileKind::byExtension, qRgb(255, 0, 0)},
+        {"over/under: left on top", twoViews(dir, "b.png", true), StereoFileKind::overUnder, qRgb(255, 0, 0)},
+    };
+    for (const auto &row : rows) {
+        StereoImageProcessor proc;
+        loadEntry(proc, {row.path, {}}, row.kind);
+        EXPECT_EQ(proc.leftOriginal->size(), QSize(2, 2)) << row.what;
+        EXPECT_EQ(proc.leftOriginal->pixel(0, 0), row.left) << row.what;
+    }
+    StereoImageProcessor proc;
+    try {
+        loadEntry(proc, {twoViews(dir, "odd.png", true, 5), {}}, StereoFileKind::overUnder);
+        ADD_FAILURE() << "an odd height was split";
+    } catch (const StereoIntakeError &error) {
+        EXPECT_EQ(error.description,
+                  QStringLiteral("odd.png cannot be an over/under picture: its height of 5 rows is odd."));
+    }
+    EXPECT_FALSE(proc.hasPair());
+}
+
 TEST(StereoIntake, UnreadableEntryKeepsThePreviousPair)
 {
     StereoImageProcessor proc;
