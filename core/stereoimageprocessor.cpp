@@ -7,7 +7,6 @@
 #include "core/displaycomposition.h"
 #include "core/preferences.h"
 #include "core/stereolayouts.h"
-#include "formats/imagewriter.h"
 #include "formats/spatialphoto.h"
 
 namespace Vorel {
@@ -245,18 +244,12 @@ bool StereoImageProcessor::resizePair(int width, int height, ResizeMode mode)
     return replaceByAdjusted([=](const QImage &image) { return resizeImage(image, width, height, mode); });
 }
 
-bool StereoImageProcessor::saveSideBySide(const QString &path) const
-{
-    const std::optional<ImagePair> pair = render(false);
-    return pair && writeImage(composeSideBySide(pair->left, pair->right), path);
-}
-
 bool StereoImageProcessor::saveAsSpatialPhoto(const QString &path, int adj, double fov, double stb) const
 {
     const std::optional<ImagePair> pair = renderFullWidth(false);
     if (!pair)
         return false;
-    writeSpatialPhoto(pair->left, pair->right, path, adj, fov, stb);
+    writeSpatialPhoto(pair->left, pair->right, path, adj, fov, stb, cameraExif);
     return true;
 }
 

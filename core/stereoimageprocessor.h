@@ -80,9 +80,8 @@ public:
     bool cropPair(const QRect &pixels); // a rectangle inside the adjusted pair
     bool resizePair(int width, int height, ResizeMode mode);
 
-    bool saveSideBySide(const QString &path) const;
-    // Writes the full-width pair as a spatial photo. False when there is no pair; throws
-    // SpatialPhotoError when writing fails.
+    // Writes the full-width pair as a spatial photo carrying the camera Exif. False when there
+    // is no pair; throws SpatialPhotoError when writing fails.
     bool saveAsSpatialPhoto(const QString &path, int adj, double fov, double stb) const;
 
 private:

@@ -143,7 +143,7 @@ TEST(ConvertProgram, KeepsTheCameraExif)
     const QStringList kept{QStringLiteral("2020:08:10 11:16:55"), QStringLiteral("DMC-GX8"), QStringLiteral("1")};
     const std::pair<const char *, const char *> outputs[] = {
         {"sbs", "a.jpg"}, {"sbs", "a.png"}, {"half-sbs", "a.tif"}, {"anaglyph-dubois", "a.heic"},
-        {"mpo", "a.mpo"}, {"jps", "a.jps"}, {"separate", "s.png"}};
+        {"mpo", "a.mpo"}, {"jps", "a.jps"}, {"separate", "s.png"}, {"spatial", "s.heic"}};
     for (const auto &[output, name] : outputs) {
         const QString out = dir.filePath(QLatin1String(name));
         QString errors;

@@ -154,7 +154,6 @@ TEST(StereoImageProcessor, EmptyProcessorRendersNothing)
     EXPECT_FALSE(proc.renderAnaglyph(2, false));
     for (const DisplayModeInfo &info : displayModes)
         EXPECT_FALSE(proc.renderDisplayPicture(info.mode, false)) << info.uiText;
-    EXPECT_FALSE(proc.saveSideBySide(QStringLiteral("/nonexistent/x.png")));
 }
 
 } // namespace
