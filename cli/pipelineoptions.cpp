@@ -265,6 +265,26 @@ PipelineOptions parsePipelineOptions(const QStringList &arguments, CliCommand co
     return options;
 }
 
+// A long list of choices broken after a "|" so that no line passes the terminal's width; the
+// lines after the first start under the list's first character.
+QString wrappedChoices(const QString &choices, qsizetype column)
+{
+    constexpr qsizetype width = 100;
+    QString wrapped;
+    qsizetype lineStart = -column;
+    for (const QString &choice : choices.split(QLatin1Char('|'))) {
+        const bool first = wrapped.isEmpty();
+        if (!first && wrapped.size() - lineStart + 1 + choice.size() > width - column) {
+            wrapped += QLatin1String("|\n") + QString(column, QLatin1Char(' '));
+            lineStart = wrapped.size();
+        } else if (!first) {
+            wrapped += QLatin1Char('|');
+        }
+        wrapped += choice;
+    }
+    return wrapped;
+}
+
 QString optionsHelp(CliCommand command)
 {
     constexpr qsizetype helpColumn = 37;
@@ -275,7 +295,7 @@ QString optionsHelp(CliCommand command)
             continue;
         QString head = QStringLiteral("  ") + rule.name;
         if (!rule.valueName.isEmpty())
-            head += QLatin1Char(' ') + rule.valueName;
+            head += QLatin1Char(' ') + wrappedChoices(rule.valueName, head.size() + 1);
         head = head.size() < helpColumn ? head.leftJustified(helpColumn) : head + QLatin1Char('\n') + indent;
         help += head + tr(rule.help).replace(QLatin1Char('\n'), QLatin1Char('\n') + indent) + QLatin1Char('\n');
     }
