@@ -10,36 +10,28 @@ using namespace Vorel;
 
 namespace {
 
-struct PickCase {
-    const char *name;
-    QPointF pointer; // from the view's bottom-left corner
-    QSizeF view;
-    QSize image;
-    std::optional<QPoint> pixel;
-};
-
-class EyedropperPixel : public testing::TestWithParam<PickCase> {};
-
-TEST_P(EyedropperPixel, MapsPointerToPixel)
+TEST(EyedropperPixel, MapsPointerToPixel)
 {
-    const PickCase &c = GetParam();
-    EXPECT_EQ(eyedropperPixel(c.pointer, c.view, c.image), c.pixel);
+    const struct {
+        const char *name;
+        QPointF pointer; // from the view's bottom-left corner
+        QSizeF view;
+        std::optional<QPoint> pixel;
+    } cases[] = {
+        // A 200 x 100 image in a 400 x 400 view: s = 2, drawn 400 x 200 between y = 100 and 300.
+        {"bottom left", {0, 100}, {400, 400}, QPoint(0, 99)},
+        {"top right", {399.9, 299.9}, {400, 400}, QPoint(199, 0)},
+        {"half a pixel up", {10, 101}, {400, 400}, QPoint(5, 98)}, // row trunc(100 - 0.5 - 1) = 98, not 99
+        {"below the image", {10, 99.9}, {400, 400}, std::nullopt},
+        {"above the image", {10, 300}, {400, 400}, std::nullopt},
+        {"right edge", {400, 200}, {400, 400}, std::nullopt},
+        // A tall view letterboxes left and right instead: s = 0.5, x from 50.
+        {"pillarbox", {50, 0}, {200, 50}, QPoint(0, 99)},
+        {"left of the pillarbox", {49.9, 10}, {200, 50}, std::nullopt},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(eyedropperPixel(c.pointer, c.view, QSize(200, 100)), c.pixel) << c.name;
 }
-
-// A 200 x 100 image in a 400 x 400 view: s = 2, drawn 400 x 200 between y = 100 and 300.
-INSTANTIATE_TEST_SUITE_P(
-    Positions, EyedropperPixel,
-    testing::Values(PickCase{"bottomLeft", {0, 100}, {400, 400}, {200, 100}, QPoint(0, 99)},
-                    PickCase{"topRight", {399.9, 299.9}, {400, 400}, {200, 100}, QPoint(199, 0)},
-                    // iy = 0.5 gives row trunc(100 - 0.5 - 1) = 98, not 99
-                    PickCase{"halfPixelUp", {10, 101}, {400, 400}, {200, 100}, QPoint(5, 98)},
-                    PickCase{"belowImage", {10, 99.9}, {400, 400}, {200, 100}, std::nullopt},
-                    PickCase{"aboveImage", {10, 300}, {400, 400}, {200, 100}, std::nullopt},
-                    PickCase{"rightEdge", {400, 200}, {400, 400}, {200, 100}, std::nullopt},
-                    // a tall view letterboxes left and right instead: s = 0.5, x from 50
-                    PickCase{"pillarbox", {50, 0}, {200, 50}, {200, 100}, QPoint(0, 99)},
-                    PickCase{"leftOfPillarbox", {49.9, 10}, {200, 50}, {200, 100}, std::nullopt}),
-    [](const testing::TestParamInfo<PickCase> &info) { return std::string(info.param.name); });
 
 TEST(EyedropperColor, ReadsTheMappedPixel)
 {

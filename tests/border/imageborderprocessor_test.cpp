@@ -75,47 +75,6 @@ INSTANTIATE_TEST_SUITE_P(
                    {{1060, 1720}, white}, {{530, 890}, black}, {{1560, 890}, black}, {{530, 861}, white}}}),
     [](const testing::TestParamInfo<PixelCase> &info) { return std::string(info.param.name); });
 
-// Runs of dark pixels along one row: the number of dots crossing it.
-int darkRuns(const QImage &image, int y)
-{
-    int runs = 0;
-    bool inRun = false;
-    for (int x = 0; x < image.width(); ++x) {
-        const bool dark = qGray(image.pixel(x, y)) < 64;
-        runs += dark && !inRun;
-        inRun = dark;
-    }
-    return runs;
-}
-
-struct DotCase {
-    BorderLayoutKind kind;
-    bool useBorder;
-    int topBandRuns;
-    int middleBandRuns; // lrrl: the band between the rows, at y = 890
-};
-
-class FusionDots : public testing::TestWithParam<DotCase> {};
-
-TEST_P(FusionDots, OneDotPerSlotAndNoneWithoutBorder)
-{
-    const DotCase &c = GetParam();
-    ImageBorderSettings s = example(c.kind);
-    s.useBorder = c.useBorder;
-    const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
-    const int topY = c.useBorder ? 30 : 0;
-    EXPECT_EQ(darkRuns(image, topY), c.topBandRuns);
-    if (c.kind == BorderLayoutKind::lrrl && c.useBorder)
-        EXPECT_EQ(darkRuns(image, 890), c.middleBandRuns);
-}
-
-INSTANTIATE_TEST_SUITE_P(Layouts, FusionDots,
-                         testing::Values(DotCase{BorderLayoutKind::sbs, true, 2, 0},
-                                         DotCase{BorderLayoutKind::lrl, true, 3, 0},
-                                         DotCase{BorderLayoutKind::lrrl, true, 2, 2},
-                                         DotCase{BorderLayoutKind::sbs, false, 0, 0},
-                                         DotCase{BorderLayoutKind::lrrl, false, 0, 0}));
-
 TEST(ImageBorderProcessor, FractionalBorderTruncatesCanvasButKeepsSlotFractions)
 {
     ImageBorderSettings s = example(BorderLayoutKind::sbs);
@@ -134,33 +93,6 @@ TEST(ImageBorderProcessor, FractionalBorderTruncatesCanvasButKeepsSlotFractions)
     EXPECT_EQ(image.pixel(500, 830), white);
 }
 
-TEST(ImageBorderProcessor, BorderOffGivesBlackBehindRoundCornersAndNoGaps)
-{
-    ImageBorderSettings s = example(BorderLayoutKind::lrrl);
-    s.useBorder = false;
-    s.borderColor = {1, 1, 1, 1};
-    s.cornerRadiusPercent = 10; // 100 pixels
-    const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
-    ASSERT_EQ(image.size(), QSize(2000, 1600));
-    EXPECT_EQ(image.pixel(0, 0), black);
-    EXPECT_EQ(image.pixel(999, 799), black);
-    EXPECT_EQ(image.pixel(1000, 800), black);
-    EXPECT_EQ(image.pixel(500, 400), red);
-    EXPECT_EQ(image.pixel(500, 1200), green);
-    EXPECT_EQ(image.pixel(0, 400), red);
-}
-
-TEST(ImageBorderProcessor, NonPositiveRadiusDrawsSquareCorners)
-{
-    for (double radius : {0.0, -5.0}) {
-        ImageBorderSettings s = example(BorderLayoutKind::sbs);
-        s.cornerRadiusPercent = radius;
-        const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
-        EXPECT_EQ(image.pixel(30, 60), red) << radius;
-        EXPECT_EQ(image.pixel(2059, 859), green) << radius;
-    }
-}
-
 TEST(ImageBorderProcessor, TransparentPixelsReplaceTheBackground)
 {
     ImageBorderSettings s = example(BorderLayoutKind::sbs);
@@ -169,16 +101,6 @@ TEST(ImageBorderProcessor, TransparentPixelsReplaceTheBackground)
     EXPECT_EQ(qAlpha(image.pixel(50, 40)), 0);
     EXPECT_EQ(image.pixel(150, 40), 0x80800000u); // premultiplied
     EXPECT_EQ(image.pixel(1, 40), 0xff0000ffu);
-}
-
-TEST(ImageBorderProcessor, RightImageIsScaledIntoTheLeftSlot)
-{
-    ImageBorderSettings s = example(BorderLayoutKind::sbs);
-    const QImage image = composed(solid(1000, 800, red), solid(300, 200, green), s);
-    ASSERT_EQ(image.size(), QSize(2090, 890));
-    EXPECT_EQ(image.pixel(1060, 60), green);
-    EXPECT_EQ(image.pixel(2059, 859), green);
-    EXPECT_EQ(image.pixel(2060, 859), white);
 }
 
 TEST(ImageBorderProcessor, NoImageWithoutLeftOrWithoutCanvas)
@@ -233,7 +155,8 @@ struct SceneCase {
 class OnePainter : public testing::TestWithParam<SceneCase> {};
 
 // A gradient so that fractional sampling shows; fractional borders, corners and dots across
-// every kind of edge, half-pixel positions included.
+// every kind of edge, half-pixel positions included. Bit for bit, so a missing or extra dot, a
+// gap between slots, a wrongly scaled right image or a wrong background shows as well.
 TEST_P(OnePainter, ComposeMatchesOnePainter)
 {
     const SceneCase &c = GetParam();
@@ -264,6 +187,7 @@ INSTANTIATE_TEST_SUITE_P(
     Scenes, OnePainter,
     testing::Values(SceneCase{"lrrl_round", {301, 97}, BorderLayoutKind::lrrl, 4.37, 7.3, 6.1, true, true, {}},
                     SceneCase{"sbs_square", {301, 97}, BorderLayoutKind::sbs, 4.37, 0, 6.1, true, true, {}},
+                    SceneCase{"sbs_negative_corner_square", {120, 80}, BorderLayoutKind::sbs, 3, -5, 3, true, true, {}},
                     SceneCase{"lrl_half_pixels", {100, 61}, BorderLayoutKind::lrl, 2.5, 3.5, 5, true, true, {}},
                     SceneCase{"sbs_half_pixels_square", {100, 61}, BorderLayoutKind::sbs, 2.5, 0, 5, true, true, {}},
                     SceneCase{"lrl_whole_columns_round", {200, 97}, BorderLayoutKind::lrl, 3, 5, 4, true, true, {}},

@@ -19,51 +19,48 @@ struct LoadCase {
     std::function<void(ImageBorderSettings &)> expect; // applied to the defaults
 };
 
-class LoadSettings : public testing::TestWithParam<LoadCase> {};
-
-TEST_P(LoadSettings, PresenceRules)
+TEST(ImageBorderSettings, LoadFollowsThePresenceRules)
 {
-    QTemporaryDir dir;
-    Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
-    GetParam().store(preferences);
-    ImageBorderSettings expected;
-    GetParam().expect(expected);
-    EXPECT_EQ(ImageBorderSettings::load(preferences), expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, LoadSettings,
-    testing::Values(
-        LoadCase{"emptyStore", [](Preferences &) {}, [](ImageBorderSettings &) {}},
-        LoadCase{"layoutSbs", [](Preferences &p) { p.setInteger(QStringLiteral("ib.layoutKind"), 0); },
-                 [](ImageBorderSettings &s) { s.layoutKind = BorderLayoutKind::sbs; }},
-        LoadCase{"layoutLrl", [](Preferences &p) { p.setInteger(QStringLiteral("ib.layoutKind"), 1); },
-                 [](ImageBorderSettings &s) { s.layoutKind = BorderLayoutKind::lrl; }},
-        LoadCase{"unknownLayout", [](Preferences &p) { p.setInteger(QStringLiteral("ib.layoutKind"), 7); },
-                 [](ImageBorderSettings &) {}},
+    const LoadCase cases[] = {
+        {"emptyStore", [](Preferences &) {}, [](ImageBorderSettings &) {}},
+        {"layoutSbs", [](Preferences &p) { p.setInteger(QStringLiteral("ib.layoutKind"), 0); },
+         [](ImageBorderSettings &s) { s.layoutKind = BorderLayoutKind::sbs; }},
+        {"layoutLrl", [](Preferences &p) { p.setInteger(QStringLiteral("ib.layoutKind"), 1); },
+         [](ImageBorderSettings &s) { s.layoutKind = BorderLayoutKind::lrl; }},
+        {"unknownLayout", [](Preferences &p) { p.setInteger(QStringLiteral("ib.layoutKind"), 7); },
+         [](ImageBorderSettings &) {}},
         // A stored false or 0 is a value, not an absence.
-        LoadCase{"storedFalseAndZero",
-                 [](Preferences &p) {
-                     p.setFlag(QStringLiteral("ib.useBorder"), false);
-                     p.setFlag(QStringLiteral("ib.useFusionDots"), false);
-                     p.setNumber(QStringLiteral("ib.borderWidthPercent"), 0);
-                     p.setNumber(QStringLiteral("ib.fusionDotSizePercent"), -2.5);
-                 },
-                 [](ImageBorderSettings &s) {
-                     s.useBorder = false;
-                     s.useFusionDots = false;
-                     s.borderWidthPercent = 0;
-                     s.fusionDotSizePercent = -2.5;
-                 }},
-        LoadCase{"redAloneDecidesColour", [](Preferences &p) { p.setNumber(QStringLiteral("ib.borderColor.r"), 0.5); },
-                 [](ImageBorderSettings &s) { s.borderColor = {0.5, 0, 0, 0}; }},
-        LoadCase{"colourWithoutRedIsDefault",
-                 [](Preferences &p) {
-                     p.setNumber(QStringLiteral("ib.fusionDotColor.g"), 1);
-                     p.setNumber(QStringLiteral("ib.fusionDotColor.a"), 1);
-                 },
-                 [](ImageBorderSettings &) {}}),
-    [](const testing::TestParamInfo<LoadCase> &info) { return std::string(info.param.name); });
+        {"storedFalseAndZero",
+         [](Preferences &p) {
+             p.setFlag(QStringLiteral("ib.useBorder"), false);
+             p.setFlag(QStringLiteral("ib.useFusionDots"), false);
+             p.setNumber(QStringLiteral("ib.borderWidthPercent"), 0);
+             p.setNumber(QStringLiteral("ib.fusionDotSizePercent"), -2.5);
+         },
+         [](ImageBorderSettings &s) {
+             s.useBorder = false;
+             s.useFusionDots = false;
+             s.borderWidthPercent = 0;
+             s.fusionDotSizePercent = -2.5;
+         }},
+        {"redAloneDecidesColour", [](Preferences &p) { p.setNumber(QStringLiteral("ib.borderColor.r"), 0.5); },
+         [](ImageBorderSettings &s) { s.borderColor = {0.5, 0, 0, 0}; }},
+        {"colourWithoutRedIsDefault",
+         [](Preferences &p) {
+             p.setNumber(QStringLiteral("ib.fusionDotColor.g"), 1);
+             p.setNumber(QStringLiteral("ib.fusionDotColor.a"), 1);
+         },
+         [](ImageBorderSettings &) {}},
+    };
+    for (const LoadCase &c : cases) {
+        QTemporaryDir dir;
+        Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+        c.store(preferences);
+        ImageBorderSettings expected;
+        c.expect(expected);
+        EXPECT_EQ(ImageBorderSettings::load(preferences), expected) << c.name;
+    }
+}
 
 TEST(ImageBorderSettings, SaveThenLoadKeepsEveryValueExactly)
 {
