@@ -34,11 +34,8 @@ private:
 // Baseline JPEG at the given quality (1..100); transparent pixels are written as drawn over black.
 std::optional<EncodedJpeg> compressJpeg(const QImage &image, int quality);
 std::optional<QByteArray> encodeJpeg(const QImage &image, int quality);
-// compressJpeg of `first | second` side by side, without composing that picture: the views are
-// converted to YCbCr on both cores. The bytes equal compressJpeg's when the width (rounded up
-// to even) is a multiple of 16; otherwise only the blocks of the right edge differ a little,
-// as they are padded from the subsampled chroma rather than from the pixels. None when the
-// heights differ or the first width is odd (a chroma sample would then straddle the views).
-std::optional<EncodedJpeg> compressJpegSideBySide(const QImage &first, const QImage &second, int quality);
+// The image itself, or converted, so that the encoders can read it as BGRX with transparent
+// pixels as black.
+QImage jpegEncoderPixels(const QImage &image);
 
 } // namespace Vorel

@@ -4,11 +4,10 @@
 
 #include <QFile>
 
-#include "core/displaycomposition.h"
 #include "formats/cameraexif.h"
 #include "formats/imagewriter.h"
-#include "formats/jpegcodec.h"
 #include "formats/jpegsegments.h"
+#include "formats/sidebysidejpeg.h"
 
 namespace Vorel {
 
@@ -83,13 +82,11 @@ std::optional<QByteArray> encodeJps(const QImage &left, const QImage &right, con
 {
     if (left.isNull() || right.isNull() || left.height() != right.height())
         return std::nullopt;
-    const std::optional<EncodedJpeg> encoded = right.width() % 2 == 0
-                                                   ? compressJpegSideBySide(right, left, lossyQuality)
-                                                   : compressJpeg(composeSideBySide(right, left), lossyQuality);
+    const std::optional<QByteArray> encoded = encodeSideBySideJpeg(right, left, lossyQuality);
     if (!encoded)
         return std::nullopt;
     const QSize size(right.width() + left.width(), left.height());
-    return jpegWithHeaders(encoded->bytes(), exifForWrittenPicture(cameraExif, size), jpsDescriptorSegment(JpsDescriptor{}));
+    return jpegWithHeaders(*encoded, exifForWrittenPicture(cameraExif, size), jpsDescriptorSegment(JpsDescriptor{}));
 }
 
 } // namespace Vorel
