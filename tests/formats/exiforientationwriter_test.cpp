@@ -32,6 +32,12 @@ QByteArray readAll(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+bool writeAll(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
 QImage codedPixels(const QString &path)
 {
     QImageReader reader(path);
@@ -143,9 +149,7 @@ TEST(RealFileRewrite, TiffWithoutTagKeepsEveryOriginalByteButTheIfd0Pointer)
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("untagged.tif"));
         const QByteArray tiff = untaggedTiff(little);
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(tiff) == tiff.size());
-        file.close();
+        ASSERT_TRUE(writeAll(path, tiff));
         const QImage pixels = codedPixels(path);
         ASSERT_EQ(pixels.size(), QSize(3, 1));
 
@@ -181,10 +185,7 @@ TEST(RewriteFailure, ReportsTheErrorAndLeavesTheFileAlone)
     for (const FailureCase &c : cases) {
         SCOPED_TRACE(c.name);
         const QString path = dir.filePath(QString::fromLatin1(c.name));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(c.content);
-        file.close();
+        ASSERT_TRUE(writeAll(path, c.content));
         const ProcessResult result = rewriteOrientation(path, 6);
         EXPECT_FALSE(result.success);
         EXPECT_EQ(result.message, QString::fromUtf8(c.message));

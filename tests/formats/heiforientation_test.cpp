@@ -11,6 +11,7 @@
 
 #include "formats/exiforientation.h"
 #include "formats/heifboxes.h"
+#include "formats/heifimage.h"
 #include "formats/heiforientation.h"
 
 using namespace Vorel;
@@ -25,21 +26,17 @@ QByteArray readAll(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-heif_error appendTo(heif_context *, const void *bytes, size_t size, void *out)
-{
-    static_cast<QByteArray *>(out)->append(static_cast<const char *>(bytes), qsizetype(size));
-    return {heif_error_Ok, heif_suberror_Unspecified, ""};
-}
-
 // A lossless 64x32 gradient, stored with libheif's own transforms for `storedOrientation`.
 QByteArray encodedHeic(int storedOrientation)
 {
-    heif_context *context = heif_context_alloc();
+    const Heif::Context context(heif_context_alloc());
     heif_encoder *encoder = nullptr;
-    heif_context_get_encoder_for_format(context, heif_compression_HEVC, &encoder);
+    heif_context_get_encoder_for_format(context.get(), heif_compression_HEVC, &encoder);
+    const Heif::Encoder ownedEncoder(encoder);
     heif_encoder_set_lossless(encoder, 1);
     heif_image *image = nullptr;
     heif_image_create(64, 32, heif_colorspace_RGB, heif_chroma_interleaved_RGB, &image);
+    const Heif::Image ownedImage(image);
     heif_image_add_plane(image, heif_channel_interleaved, 64, 32, 8);
     int stride = 0;
     uint8_t *pixels = heif_image_get_plane(image, heif_channel_interleaved, &stride);
@@ -50,43 +47,34 @@ QByteArray encodedHeic(int storedOrientation)
         }
     heif_encoding_options *options = heif_encoding_options_alloc();
     options->image_orientation = heif_orientation(storedOrientation);
-    heif_context_encode_image(context, image, encoder, options, nullptr);
-    QByteArray out;
-    heif_writer writer {1, appendTo};
-    heif_context_write(context, &writer, &out);
+    heif_context_encode_image(context.get(), image, encoder, options, nullptr);
     heif_encoding_options_free(options);
-    heif_image_release(image);
-    heif_encoder_release(encoder);
-    heif_context_free(context);
-    return out;
+    return Heif::writeContext(context.get()).value_or(QByteArray());
 }
 
 // The primary image as libheif shows it, or its coded pixels when `transformed` is false.
 QImage decodedPrimary(const QByteArray &file, bool transformed)
 {
-    heif_context *context = heif_context_alloc();
-    QImage result;
+    const Heif::Context context(heif_context_alloc());
     heif_image_handle *handle = nullptr;
-    if (heif_context_read_from_memory_without_copy(context, file.constData(), size_t(file.size()), nullptr).code
-            == heif_error_Ok
-        && heif_context_get_primary_image_handle(context, &handle).code == heif_error_Ok) {
-        heif_decoding_options *options = heif_decoding_options_alloc();
-        options->ignore_transformations = !transformed;
-        heif_image *image = nullptr;
-        if (heif_decode_image(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGB, options).code
-            == heif_error_Ok) {
-            int stride = 0;
-            const uint8_t *pixels = heif_image_get_plane_readonly(image, heif_channel_interleaved, &stride);
-            result = QImage(pixels, heif_image_get_width(image, heif_channel_interleaved),
-                heif_image_get_height(image, heif_channel_interleaved), stride, QImage::Format_RGB888)
-                         .copy();
-            heif_image_release(image);
-        }
-        heif_decoding_options_free(options);
-        heif_image_handle_release(handle);
-    }
-    heif_context_free(context);
-    return result;
+    if (heif_context_read_from_memory_without_copy(context.get(), file.constData(), size_t(file.size()), nullptr).code
+            != heif_error_Ok
+        || heif_context_get_primary_image_handle(context.get(), &handle).code != heif_error_Ok)
+        return {};
+    const Heif::Handle ownedHandle(handle);
+    heif_decoding_options *options = heif_decoding_options_alloc();
+    options->ignore_transformations = !transformed;
+    heif_image *image = nullptr;
+    const heif_error decoded = heif_decode_image(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGB, options);
+    heif_decoding_options_free(options);
+    if (decoded.code != heif_error_Ok)
+        return {};
+    const Heif::Image ownedImage(image);
+    int stride = 0;
+    const uint8_t *pixels = heif_image_get_plane_readonly(image, heif_channel_interleaved, &stride);
+    return QImage(pixels, heif_image_get_width(image, heif_channel_interleaved),
+                  heif_image_get_height(image, heif_channel_interleaved), stride, QImage::Format_RGB888)
+        .copy();
 }
 
 QByteArray mediaData(const QByteArray &file)

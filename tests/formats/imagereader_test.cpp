@@ -134,23 +134,18 @@ TEST(ImageReader, BrokenFilesGiveNothing)
         {"huge.png", pngHeader(100000, 100000)},
         {"huge-narrow.png", pngHeader(1, 2000000000)},
     };
-    for (const auto &c : cases) {
-        const QString path = dir.filePath(QString::fromLatin1(c.name));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(c.bytes);
+    const auto load = [&](const QString &name, const QByteArray &bytes) {
+        QFile file(dir.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         file.close();
-        EXPECT_FALSE(loadCorrectImageOriented(path)) << c.name;
-    }
+        return loadCorrectImageOriented(file.fileName());
+    };
+    for (const auto &c : cases)
+        EXPECT_FALSE(load(QString::fromLatin1(c.name), c.bytes)) << c.name;
     EXPECT_FALSE(loadCorrectImageOriented(dir.filePath(QStringLiteral("missing.jpg"))));
     // A JPEG cut short still shows what arrived, like every viewer does; it must not crash.
     for (qsizetype cut : {jpeg.size() / 2, jpeg.size() - 10}) {
-        const QString path = dir.filePath(QStringLiteral("cut%1.jpg").arg(cut));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(jpeg.left(cut));
-        file.close();
-        const std::optional<QImage> image = loadCorrectImageOriented(path);
+        const std::optional<QImage> image = load(QStringLiteral("cut%1.jpg").arg(cut), jpeg.left(cut));
         if (image)
             EXPECT_EQ(image->size(), QSize(128, 128));
     }

@@ -87,35 +87,6 @@ TEST(CameraProperties, IntrinsicsRoundTrip)
     }
 }
 
-TEST(SpatialPhoto, WriteThenReadKeepsOrderSizeAndParameters)
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("pair.heic"));
-    // Odd sizes lose their last column and row, so that each eye is one plain coded image.
-    writeSpatialPhoto(filled(65, 49, qRgb(230, 20, 20)), filled(65, 49, qRgb(20, 20, 230)), path, -35, 90, 0.065);
-    const ImagePair pair = readSpatialPhoto(path);
-    EXPECT_EQ(pair.left.size(), QSize(64, 48));
-    EXPECT_EQ(pair.right.size(), QSize(64, 48));
-    EXPECT_GT(qRed(pair.left.pixel(10, 10)), 200);
-    EXPECT_GT(qBlue(pair.right.pixel(10, 10)), 200);
-
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    const SpatialParameters parameters = readSpatialParameters(bytes);
-    EXPECT_NEAR(*parameters.fov, 90, 1e-6);
-    EXPECT_EQ(parameters.adj, -35);
-    EXPECT_DOUBLE_EQ(*parameters.stb, 0.065);
-    // One 28-byte stereo pair group (version 0) of two entities, with an id after every item's.
-    const qsizetype ster = bytes.indexOf("ster");
-    ASSERT_GT(ster, 4);
-    const auto u32 = [&](qsizetype at) { return qFromBigEndian<quint32>(bytes.constData() + at); };
-    EXPECT_EQ(u32(ster - 4), 28u);
-    EXPECT_EQ(u32(ster + 4), 0u);
-    EXPECT_EQ(u32(ster + 12), 2u);
-    EXPECT_GT(u32(ster + 8), std::max(u32(ster + 16), u32(ster + 20)));
-}
-
 // Left is the group's first entity, whatever the order of the images in the file: swapping the
 // two entities of the capture's group swaps the eyes.
 TEST(SpatialPhoto, ReadsTheHeadsetCaptureInGroupOrder)
@@ -144,18 +115,23 @@ TEST(SpatialPhoto, ReadsTheHeadsetCaptureInGroupOrder)
     EXPECT_TRUE(reversed.right == pair.left);
 }
 
-// A photograph survives the default quality at 40 dB or better; the camera properties are
-// associated with both eyes as not essential, so readers that do not know them still decode.
-TEST(SpatialPhoto, WrittenEyesAndTheirProperties)
+// A photograph survives the default quality at 40 dB or better, each eye in its place; odd sizes
+// lose their last column and row, so that each eye is one plain coded image. The parameters read
+// back, the stereo pair group is one 28-byte box (version 0) of the two eyes with an id after
+// every item's, and the camera properties are associated with both eyes as not essential, so
+// readers that do not know them still decode.
+TEST(SpatialPhoto, WriteThenReadKeepsEyesParametersAndProperties)
 {
-    const QImage left(QStringLiteral(VOREL_TEST_DATA "/stereo/left.jpg")), right(QStringLiteral(VOREL_TEST_DATA "/stereo/right.jpg"));
+    const QImage left = QImage(QStringLiteral(VOREL_TEST_DATA "/stereo/left.jpg")).copy(0, 0, 611, 459);
+    const QImage right = QImage(QStringLiteral(VOREL_TEST_DATA "/stereo/right.jpg")).copy(0, 0, 611, 459);
     ASSERT_FALSE(left.isNull() || right.isNull());
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("photo.heic"));
-    writeSpatialPhoto(left, right, path, 200, 63.4, 0.01924);
+    writeSpatialPhoto(left, right, path, -35, 90, 0.065);
     const ImagePair back = readSpatialPhoto(path);
     for (const auto &[source, decoded] : {std::pair{left, back.left}, std::pair{right, back.right}}) {
-        const QImage even = source.convertToFormat(QImage::Format_RGB32).copy(0, 0, decoded.width(), decoded.height());
+        ASSERT_EQ(decoded.size(), QSize(610, 458));
+        const QImage even = source.convertToFormat(QImage::Format_RGB32).copy(0, 0, 610, 458);
         double squares = 0;
         for (int y = 0; y < even.height(); ++y)
             for (int x = 0; x < even.width(); ++x) {
@@ -168,6 +144,16 @@ TEST(SpatialPhoto, WrittenEyesAndTheirProperties)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray bytes = file.readAll();
+    const SpatialParameters parameters = readSpatialParameters(bytes);
+    EXPECT_NEAR(*parameters.fov, 90, 1e-6);
+    EXPECT_EQ(parameters.adj, -35);
+    EXPECT_DOUBLE_EQ(*parameters.stb, 0.065);
+    const qsizetype ster = bytes.indexOf("ster");
+    ASSERT_GT(ster, 4);
+    const auto u32 = [&](qsizetype at) { return qFromBigEndian<quint32>(bytes.constData() + at); };
+    EXPECT_EQ(u32(ster - 4), 28u);
+    EXPECT_EQ(u32(ster + 4), 0u);
+    EXPECT_GT(u32(ster + 8), std::max(u32(ster + 16), u32(ster + 20)));
     using namespace Heif;
     const BoxSpan meta = requireBox(readBoxes(bytes, 0, bytes.size()), "meta");
     const std::vector<BoxSpan> children = readBoxes(bytes, meta.payload + 4, meta.end);
@@ -190,15 +176,16 @@ TEST(SpatialPhoto, WrittenEyesAndTheirProperties)
 TEST(SpatialPhoto, Errors)
 {
     QTemporaryDir dir;
-    const QString twoImages = dir.filePath(QStringLiteral("two.heic"));
-    {
-        const Heif::Context context(heif_context_alloc());
-        Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
-        Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
-        QFile out(twoImages);
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(*Heif::writeContext(context.get()));
-    }
+    const auto save = [&](const char *name, const QByteArray &content) {
+        QFile out(dir.filePath(QLatin1String(name)));
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(content);
+        return out.fileName();
+    };
+    const Heif::Context context(heif_context_alloc());
+    Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
+    Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
+    const QString twoImages = save("two.heic", *Heif::writeContext(context.get()));
     // The capture damaged: a stereo group claiming three entities in room for two, and the file
     // cut in the middle of its picture data.
     QFile capture(data + QStringLiteral("vision-pro.HEIC"));
@@ -206,12 +193,6 @@ TEST(SpatialPhoto, Errors)
     const QByteArray bytes = capture.readAll();
     QByteArray lyingGroup = bytes;
     lyingGroup[lyingGroup.indexOf("ster") + 15] = 3;
-    const auto save = [&](const char *name, const QByteArray &content) {
-        QFile out(dir.filePath(QLatin1String(name)));
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(content);
-        return out.fileName();
-    };
     const QString lying = save("lying.heic", lyingGroup), cut = save("cut.heic", bytes.left(bytes.size() / 2));
     const QImage eye = filled(8, 8, qRgb(9, 9, 9));
     const std::pair<std::function<void()>, QString> cases[] = {
