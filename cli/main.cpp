@@ -10,6 +10,7 @@
 
 #include "cli/batchcommand.h"
 #include "cli/convertcommand.h"
+#include "cli/librarycommand.h"
 #include "cli/orientationcommand.h"
 #include "cli/pipelineoptions.h"
 #include "cli/stopsignals.h"
@@ -35,6 +36,7 @@ const Command commands[] = {
     {"convert", "convert one stereo pair", Vorel::runConvert, Vorel::convertUsage},
     {"batch", "convert every stereo file of a folder", Vorel::runBatch, Vorel::batchUsage},
     {"orientation", "set the EXIF orientation of files in place", orientation, Vorel::orientationUsage},
+    {"library", "list the photo library's albums or pictures", Vorel::runLibrary, Vorel::libraryUsage},
 };
 
 // Libraries start threads of their own while they load (the BLAS thread pool), before main.

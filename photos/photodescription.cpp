@@ -66,7 +66,10 @@ Header readJpegHeader(QFile &file, QByteArray bytes)
             header.storedSize = QSize(int(bigEndian(bytes, at + 7, 2)), int(bigEndian(bytes, at + 5, 2)));
         at = end;
     }
+    // The metadata reader wants the stream to go on after the header: an end marker stands in
+    // for the scan.
     bytes.truncate(at);
+    bytes.append("\xFF\xD9", 2);
     header.isMpo = readMpIndex(bytes).size() >= 2;
     header.orientation = readExifOrientation(bytes);
     return header;
