@@ -22,71 +22,66 @@ struct LoadCase {
     std::optional<BatchResizeSettings> lastResize;
 };
 
-class LoadBatchSettings : public testing::TestWithParam<LoadCase> {};
-
-TEST_P(LoadBatchSettings, FromStore)
-{
-    QTemporaryDir dir;
-    Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
-    GetParam().store(preferences);
-    BatchSettings expected;
-    GetParam().expect(expected);
-    EXPECT_EQ(BatchSettings::load(preferences, GetParam().lastCrop, GetParam().lastResize), expected);
-}
-
 void set(Preferences &p, const char *key, double value) { p.setNumber(QString::fromLatin1(key), value); }
 
-void PrintTo(const LoadCase &c, std::ostream *os) { *os << c.name; }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, LoadBatchSettings,
-    testing::Values(
-        LoadCase{"emptyStore", [](Preferences &) {}, [](BatchSettings &) {}},
-        LoadCase{"storedZeroSizesAndSpatialGiveDefaults",
-                 [](Preferences &p) {
-                     for (const char *key : {"batch.resizeW", "batch.resizeH", "spatialPhoto.fov", "spatialPhoto.adj",
-                                             "spatialPhoto.stb"})
-                         set(p, key, 0);
-                     set(p, "spatialPhoto.adj", -3);
-                 },
-                 [](BatchSettings &) {}},
-        LoadCase{"outOfRangeIndexesFallBackToFirstCase",
-                 [](Preferences &p) {
-                     set(p, "batch.inputFormat", 9);
-                     set(p, "batch.outputFormat", -1);
-                     set(p, "batch.fileFormat", 4);
-                     set(p, "batch.resizeMode", 3);
-                 },
-                 [](BatchSettings &) {}},
-        LoadCase{"lastCasesAndFractionalCrop",
-                 [](Preferences &p) {
-                     set(p, "batch.inputFormat", 3);
-                     set(p, "batch.outputFormat", 7);
-                     set(p, "batch.fileFormat", 3);
-                     set(p, "batch.resizeMode", 2);
-                     set(p, "batch.cropX", 10.9); // the crop command stores what it measured
-                     set(p, "batch.cropW", 640.5);
-                     p.setFlag(QStringLiteral("batch.autoAdjColLeft"), true);
-                 },
-                 [](BatchSettings &s) {
-                     s.inputFormat = BatchInputFormat::mpo;
-                     s.outputFormat = BatchOutputFormat::imageBorder;
-                     s.fileFormat = BatchFileFormat::heic;
-                     s.resizeMode = ResizeMode::letterbox;
-                     s.cropX = 10;
-                     s.cropW = 640;
-                     s.autoAdjColLeft = true;
-                 }},
-        LoadCase{"viewerChoicesWin",
-                 [](Preferences &p) {
-                     set(p, "batch.cropW", 5);
-                     set(p, "batch.resizeW", 800);
-                 },
-                 [](BatchSettings &s) {
-                     s.cropX = 1, s.cropY = 2, s.cropW = 3, s.cropH = 4;
-                     s.resizeW = 100, s.resizeH = 50, s.resizeMode = ResizeMode::cropFit;
-                 },
-                 BatchCropSettings{1, 2, 3, 4}, BatchResizeSettings{100, 50, ResizeMode::cropFit}}),
-    [](const testing::TestParamInfo<LoadCase> &info) { return std::string(info.param.name); });
+TEST(BatchSettings, LoadsFromTheStore)
+{
+    const LoadCase cases[] = {
+        {"emptyStore", [](Preferences &) {}, [](BatchSettings &) {}},
+        {"storedZeroSizesAndSpatialGiveDefaults",
+         [](Preferences &p) {
+             for (const char *key : {"batch.resizeW", "batch.resizeH", "spatialPhoto.fov", "spatialPhoto.adj",
+                                     "spatialPhoto.stb"})
+                 set(p, key, 0);
+             set(p, "spatialPhoto.adj", -3);
+         },
+         [](BatchSettings &) {}},
+        {"outOfRangeIndexesFallBackToFirstCase",
+         [](Preferences &p) {
+             set(p, "batch.inputFormat", 9);
+             set(p, "batch.outputFormat", -1);
+             set(p, "batch.fileFormat", 4);
+             set(p, "batch.resizeMode", 3);
+         },
+         [](BatchSettings &) {}},
+        {"lastCasesAndFractionalCrop",
+         [](Preferences &p) {
+             set(p, "batch.inputFormat", 3);
+             set(p, "batch.outputFormat", 7);
+             set(p, "batch.fileFormat", 3);
+             set(p, "batch.resizeMode", 2);
+             set(p, "batch.cropX", 10.9); // the crop command stores what it measured
+             set(p, "batch.cropW", 640.5);
+             p.setFlag(QStringLiteral("batch.autoAdjColLeft"), true);
+         },
+         [](BatchSettings &s) {
+             s.inputFormat = BatchInputFormat::mpo;
+             s.outputFormat = BatchOutputFormat::imageBorder;
+             s.fileFormat = BatchFileFormat::heic;
+             s.resizeMode = ResizeMode::letterbox;
+             s.cropX = 10;
+             s.cropW = 640;
+             s.autoAdjColLeft = true;
+         }},
+        {"viewerChoicesWin",
+         [](Preferences &p) {
+             set(p, "batch.cropW", 5);
+             set(p, "batch.resizeW", 800);
+         },
+         [](BatchSettings &s) {
+             s.cropX = 1, s.cropY = 2, s.cropW = 3, s.cropH = 4;
+             s.resizeW = 100, s.resizeH = 50, s.resizeMode = ResizeMode::cropFit;
+         },
+         BatchCropSettings{1, 2, 3, 4}, BatchResizeSettings{100, 50, ResizeMode::cropFit}},
+    };
+    for (const LoadCase &c : cases) {
+        QTemporaryDir dir;
+        Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+        c.store(preferences);
+        BatchSettings expected;
+        c.expect(expected);
+        EXPECT_EQ(BatchSettings::load(preferences, c.lastCrop, c.lastResize), expected) << c.name;
+    }
+}
 
 } // namespace

@@ -22,6 +22,11 @@ const QString sbs = QStringLiteral("stereo/02-super-mario.jpg");
 
 QStringList lines(const QString &text) { return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
 
+QJsonValue logField(const QString &line, const char *key)
+{
+    return QJsonDocument::fromJson(line.toUtf8()).object().value(QLatin1String(key));
+}
+
 void touch(const QString &folder, const QStringList &names, const QByteArray &content = {})
 {
     QDir().mkpath(folder);
@@ -140,7 +145,7 @@ TEST(BatchProgram, ShardsTogetherMakeOneRun)
         EXPECT_TRUE(folderContents(sharded) == expected) << format.toStdString();
         QStringList logged;
         for (const QString &line : lines(QString::fromUtf8(contents(log))))
-            logged << QJsonDocument::fromJson(line.toUtf8()).object().value(QStringLiteral("outputs")).toArray().at(0).toString();
+            logged << logField(line, "outputs").toArray().at(0).toString();
         logged.sort();
         EXPECT_EQ(logged, QStringList(QDir(whole).entryList(QDir::Files))) << format.toStdString();
     }
@@ -193,9 +198,9 @@ TEST(BatchProgram, InterruptedRunResumes)
         // Each job the interrupted run finished is logged ok and skipped by the resumed run.
         std::map<QString, int> before, after;
         for (const QString &line : logBefore)
-            ++before[QJsonDocument::fromJson(line.toUtf8()).object().value(QStringLiteral("status")).toString()];
+            ++before[logField(line, "status").toString()];
         for (const QString &line : lines(QString::fromUtf8(contents(log))).mid(logBefore.size()))
-            ++after[QJsonDocument::fromJson(line.toUtf8()).object().value(QStringLiteral("status")).toString()];
+            ++after[logField(line, "status").toString()];
         EXPECT_GE(before[QStringLiteral("ok")], 2);
         EXPECT_GE(after[QStringLiteral("skipped-existing")], before[QStringLiteral("ok")]); // kill -9 may cut a log line
         if (signal == SIGINT)
