@@ -155,10 +155,8 @@ TEST(HeifRewrite, RefusesMalformedBoxes)
         {"iloc version 7", patched(ilocAt + 8, QByteArray("\x07", 1))},
         {"no meta", good.left(metaAt)},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_FALSE(heifWithOrientation(c.file, 6));
-    }
+    for (const auto &c : cases)
+        EXPECT_FALSE(heifWithOrientation(c.file, 6)) << c.name;
 }
 
 } // namespace

@@ -107,17 +107,14 @@ TEST(TiffOrientation, RefusesMalformedBlocks)
         {"entries past the end", good.left(30)},
         {"IFD0 links to itself", withPointer(good, nextPointer, 8)},
         {"IFD1 past the end", withPointer(good, nextPointer, 0x10000)},
+        {"two IFDs pointing at each other",
+         tiffBlock(true, someTags, tiffTailOffset(3), QByteArray(2, '\0') + QByteArray("\x08\0\0\0", 4))},
         {"value past the end", tiffBlock(true, {{270, 2, 100, 40}})},
         {"count overflows", tiffBlock(true, {{273, 4, 0xFFFFFFFF, 8}})},
         {"rational offset wraps", tiffBlock(true, {{282, 5, 1, 0xFFFFFFFC}})},
     };
-    for (const MalformedCase &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_FALSE(tiffWithOrientation(c.block, 3));
-    }
-    // Two IFDs pointing at each other.
-    const QByteArray ifd1 = QByteArray(2, '\0') + QByteArray("\x08\0\0\0", 4);
-    EXPECT_FALSE(tiffWithOrientation(tiffBlock(true, someTags, tiffTailOffset(3), ifd1), 3));
+    for (const MalformedCase &c : cases)
+        EXPECT_FALSE(tiffWithOrientation(c.block, 3)) << c.name;
 }
 
 QByteArray segment(quint8 marker, const QByteArray &payload)
@@ -145,10 +142,8 @@ TEST(JpegOrientation, RefusesMalformedFiles)
         {"no room to add the tag", soi + segment(0xE1, crowded) + scan},
         {"length below two", soi + QByteArray("\xFF\xE1\0\x01", 4) + scan},
     };
-    for (const MalformedCase &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_FALSE(jpegWithOrientation(c.block, 6));
-    }
+    for (const MalformedCase &c : cases)
+        EXPECT_FALSE(jpegWithOrientation(c.block, 6)) << c.name;
 }
 
 QByteArray chunk(const char *type, const QByteArray &data, quint32 crcFlip = 0)
@@ -187,10 +182,8 @@ TEST(PngOrientation, RefusesBrokenChunks)
         {"IHDR not first", pngSignature + idat + ihdr + iend},
         {"malformed eXIf", pngSignature + ihdr + chunk("eXIf", "MM\0*\0\0\0\0") + idat + iend},
     };
-    for (const MalformedCase &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_FALSE(pngWithOrientation(c.block, 2));
-    }
+    for (const MalformedCase &c : cases)
+        EXPECT_FALSE(pngWithOrientation(c.block, 2)) << c.name;
 }
 
 struct TextCase {
@@ -210,10 +203,8 @@ TEST(TextOrientation, XmpValuesChangeInPlace)
         {"other property", "tiff:OrientationX=\"3\" tiff:Orientation", "tiff:OrientationX=\"3\" tiff:Orientation"},
         {"at the very end", "tiff:Orientation=\"3", "tiff:Orientation=\"3"},
     };
-    for (const TextCase &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(xmpWithOrientation(c.before, 6), c.after);
-    }
+    for (const TextCase &c : cases)
+        EXPECT_EQ(xmpWithOrientation(c.before, 6), c.after) << c.name;
 }
 
 TEST(TextOrientation, RawExifProfileChangesInPlace)
@@ -231,10 +222,8 @@ TEST(TextOrientation, RawExifProfileChangesInPlace)
         {"not hex", head + "zz" + tagged, head + "zz" + tagged},
         {"no header", tagged, tagged},
     };
-    for (const TextCase &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(rawExifProfileWithOrientation(c.before, 6), c.after);
-    }
+    for (const TextCase &c : cases)
+        EXPECT_EQ(rawExifProfileWithOrientation(c.before, 6), c.after) << c.name;
 }
 
 TEST(MpIndex, FirstPictureGrowsAndLaterOnesMoveOnlyWhenAsked)
