@@ -8,7 +8,7 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-image-formats-plugins libgl-dev
-  libturbojpeg0-dev libheif-dev libexiv2-dev liblcms2-dev zlib1g-dev libopenblas-serial-dev
+  libturbojpeg0-dev libjpeg62-turbo-dev libheif-dev libexiv2-dev liblcms2-dev zlib1g-dev libopenblas-serial-dev
   libgtest-dev libgmock-dev libbenchmark-dev libimage-exiftool-perl python3-pil
   xvfb xauth x11-apps
   parallel
