@@ -112,7 +112,10 @@ std::vector<PhotoAlbum> PhotoLibrary::albums() const
 QStringList listAlbumFiles(const QString &folder, const std::function<bool()> &stop)
 {
     QStringList files;
+    // A symlink back to a folder above the album would list the album inside itself.
     std::set<QString> visited;
+    for (QDir above(QFileInfo(folder).canonicalFilePath()); above.cdUp();)
+        visited.insert(above.canonicalPath());
     collectFiles(folder, visited, stop, files);
     return files;
 }

@@ -10,6 +10,8 @@
 #include <QTemporaryFile>
 #include <QUrl>
 
+#include <cstdio>
+
 #include <sys/stat.h>
 
 namespace Vorel {
@@ -80,7 +82,8 @@ bool writeEntry(const QString &entryPath, QImage image, const QByteArray &uri, c
     QImageWriter writer(&file, "png");
     if (!writer.write(image) || !file.flush())
         return false;
-    if (!file.rename(entryPath))
+    // rename(2) replaces a stale entry in one step, where QFile::rename would refuse.
+    if (::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(entryPath).constData()) != 0)
         return false;
     file.setAutoRemove(false);
     return true;
@@ -175,8 +178,9 @@ bool ThumbnailCache::hasFailed(const QString &path) const
     const std::optional<FileStamp> stamp = stampOf(path);
     if (!stamp)
         return false;
-    QImageReader reader(failPath(path), "png");
-    return reader.canRead() && reader.text(mtimeKey) == QString::number(stamp->mtime);
+    // Keys with "::" come back whole only from a read picture, not from the reader's header.
+    const QImage entry = QImageReader(failPath(path), "png").read();
+    return !entry.isNull() && entry.text(mtimeKey) == QString::number(stamp->mtime);
 }
 
 std::optional<QImage> ThumbnailCache::thumbnail(const QString &path, ThumbnailSize size) const
