@@ -177,22 +177,15 @@ private slots:
         QTRY_COMPARE(progressWindows(), 0);
     }
 
-    void elapsedText_data()
-    {
-        QTest::addColumn<qint64>("seconds");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("start") << qint64(0) << QStringLiteral("0:00");
-        QTest::newRow("seconds") << qint64(59) << QStringLiteral("0:59");
-        QTest::newRow("minutes") << qint64(61) << QStringLiteral("1:01");
-        QTest::newRow("an hour") << qint64(3600) << QStringLiteral("1:00:00");
-        QTest::newRow("more") << qint64(3725) << QStringLiteral("1:02:05");
-    }
-
     void elapsedText()
     {
-        QFETCH(qint64, seconds);
-        QFETCH(QString, text);
-        QCOMPARE(BatchProgressViewController::elapsedText(seconds), text);
+        const std::pair<qint64, QString> rows[] = {{0, QStringLiteral("0:00")},
+                                                   {59, QStringLiteral("0:59")},
+                                                   {61, QStringLiteral("1:01")},
+                                                   {3600, QStringLiteral("1:00:00")},
+                                                   {3725, QStringLiteral("1:02:05")}};
+        for (const auto &[seconds, text] : rows)
+            QCOMPARE(BatchProgressViewController::elapsedText(seconds), text);
     }
 };
 

@@ -86,9 +86,6 @@ private slots:
         QCOMPARE(dialog->inputFormatPopUp->currentText(), QStringLiteral("SBS Image"));
         QCOMPARE(dialog->outputFormatPopUp->currentText(), QStringLiteral("SBS Image"));
         QCOMPARE(dialog->fileFormatPopUp->currentText(), QStringLiteral("JPG"));
-        for (const QCheckBox *check : {dialog->swapCheck, dialog->autoAdjCheck, dialog->autoAdjColCheck,
-                                       dialog->manualAdjCheck, dialog->cropCheck, dialog->resizeCheck})
-            QVERIFY2(!check->isChecked(), qPrintable(check->text()));
         QCOMPARE(dialog->resizeWField->text(), QStringLiteral("1920"));
         QCOMPARE(dialog->resizeHField->text(), QStringLiteral("1080"));
         QVERIFY(dialog->resizeModeRadios[0]->isChecked());
@@ -96,7 +93,7 @@ private slots:
         QCOMPARE(dialog->adjField->text(), QStringLiteral("200"));
         QCOMPARE(dialog->stbField->text(), QStringLiteral("0.01924"));
         QCOMPARE(dialog->resizeAspectRatio(), 1920.0 / 1080.0);
-        // Nothing typed differs from the defaults, apart from the unchosen folders.
+        // No box ticked and nothing typed differs from the defaults, apart from the unchosen folders.
         BatchSettings expected;
         expected.inputFolder = expected.outputFolder = notSelected;
         QCOMPARE(dialog->settings(), expected);
