@@ -38,59 +38,46 @@ ImageBorderSettings example(BorderLayoutKind kind)
     return s;
 }
 
-struct PixelCase {
-    const char *name;
-    BorderLayoutKind kind;
-    QSize canvas;
-    std::vector<std::pair<QPoint, QRgb>> pixels;
-};
-
-class WorkedExample : public testing::TestWithParam<PixelCase> {};
-
-TEST_P(WorkedExample, SizesAndPixels)
+// The worked examples with a red left and a green right image, and one with a fractional
+// border (b = 30.7, no dots): W = 2092.1, H = 30.7 + 800 + 30.7 = 861.4, truncated for the
+// canvas; the slot starts at x = 30.7, which lands on column 31, not on the truncated 30, and
+// rows count from the unrounded bottom edge, so the top at 30.7 moves up by 0.4 to row 30.
+TEST(ImageBorderProcessor, WorkedExamplesSizesAndPixels)
 {
-    const PixelCase &c = GetParam();
-    const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), example(c.kind));
-    ASSERT_EQ(image.size(), c.canvas);
-    EXPECT_EQ(image.format(), QImage::Format_ARGB32_Premultiplied);
-    for (const auto &[at, expected] : c.pixels)
-        EXPECT_EQ(image.pixel(at), expected) << "at " << at.x() << "," << at.y();
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Layouts, WorkedExample,
-    testing::Values(
-        PixelCase{"sbs", BorderLayoutKind::sbs, {2090, 890},
-                  {{{29, 400}, white}, {{30, 400}, red},     {{1029, 400}, red},  {{1030, 400}, white},
-                   {{1059, 400}, white}, {{1060, 400}, green}, {{2059, 400}, green}, {{2060, 400}, white},
-                   {{500, 59}, white},  {{500, 60}, red},     {{500, 859}, red},   {{500, 860}, white},
-                   // dots of diameter 30 centred 30 below the top, over each slot's middle
-                   {{530, 30}, black},  {{530, 17}, black},   {{530, 43}, black},  {{530, 13}, white},
-                   {{517, 30}, black},  {{546, 30}, white},   {{1560, 30}, black}, {{1030, 30}, white}}},
-        PixelCase{"lrl", BorderLayoutKind::lrl, {3120, 890},
-                  {{{2089, 400}, white}, {{2090, 400}, red}, {{3089, 400}, red}, {{3090, 400}, white},
-                   {{2590, 30}, black}}},
-        PixelCase{"lrrl", BorderLayoutKind::lrrl, {2090, 1750},
-                  {{{30, 919}, white},   {{30, 920}, green},  {{1060, 920}, red},  {{1060, 1719}, red},
-                   {{1060, 1720}, white}, {{530, 890}, black}, {{1560, 890}, black}, {{530, 861}, white}}}),
-    [](const testing::TestParamInfo<PixelCase> &info) { return std::string(info.param.name); });
-
-TEST(ImageBorderProcessor, FractionalBorderTruncatesCanvasButKeepsSlotFractions)
-{
-    ImageBorderSettings s = example(BorderLayoutKind::sbs);
-    s.useFusionDots = false;
-    s.borderWidthPercent = 3.07;
-    // b = 30.7: W = 2092.1, H = 30.7 + 800 + 30.7 = 861.4.
-    const QImage image = composed(solid(1000, 800, black), solid(1000, 800, black), s);
-    ASSERT_EQ(image.size(), QSize(2092, 861));
-    // The slot starts at x = 30.7, which lands on column 31, not on the truncated 30.
-    EXPECT_EQ(image.pixel(30, 400), white);
-    EXPECT_EQ(image.pixel(31, 400), black);
-    // Rows count from the unrounded bottom edge: the top at 30.7 moves up by 0.4 to row 30.
-    EXPECT_EQ(image.pixel(500, 29), white);
-    EXPECT_EQ(image.pixel(500, 30), black);
-    EXPECT_EQ(image.pixel(500, 829), black);
-    EXPECT_EQ(image.pixel(500, 830), white);
+    const struct {
+        const char *name;
+        BorderLayoutKind kind;
+        double borderPercent;
+        bool dots;
+        QSize canvas;
+        std::vector<std::pair<QPoint, QRgb>> pixels;
+    } cases[] = {
+        {"sbs", BorderLayoutKind::sbs, 3, true, {2090, 890},
+         {{{29, 400}, white}, {{30, 400}, red},     {{1029, 400}, red},  {{1030, 400}, white},
+          {{1059, 400}, white}, {{1060, 400}, green}, {{2059, 400}, green}, {{2060, 400}, white},
+          {{500, 59}, white},  {{500, 60}, red},     {{500, 859}, red},   {{500, 860}, white},
+          // dots of diameter 30 centred 30 below the top, over each slot's middle
+          {{530, 30}, black},  {{530, 17}, black},   {{530, 43}, black},  {{530, 13}, white},
+          {{517, 30}, black},  {{546, 30}, white},   {{1560, 30}, black}, {{1030, 30}, white}}},
+        {"lrl", BorderLayoutKind::lrl, 3, true, {3120, 890},
+         {{{2089, 400}, white}, {{2090, 400}, red}, {{3089, 400}, red}, {{3090, 400}, white}, {{2590, 30}, black}}},
+        {"lrrl", BorderLayoutKind::lrrl, 3, true, {2090, 1750},
+         {{{30, 919}, white},   {{30, 920}, green},  {{1060, 920}, red},  {{1060, 1719}, red},
+          {{1060, 1720}, white}, {{530, 890}, black}, {{1560, 890}, black}, {{530, 861}, white}}},
+        {"fractional", BorderLayoutKind::sbs, 3.07, false, {2092, 861},
+         {{{30, 400}, white}, {{31, 400}, red}, {{500, 29}, white}, {{500, 30}, red}, {{500, 829}, red},
+          {{500, 830}, white}}},
+    };
+    for (const auto &c : cases) {
+        ImageBorderSettings s = example(c.kind);
+        s.borderWidthPercent = c.borderPercent;
+        s.useFusionDots = c.dots;
+        const QImage image = composed(solid(1000, 800, red), solid(1000, 800, green), s);
+        ASSERT_EQ(image.size(), c.canvas) << c.name;
+        EXPECT_EQ(image.format(), QImage::Format_ARGB32_Premultiplied);
+        for (const auto &[at, expected] : c.pixels)
+            EXPECT_EQ(image.pixel(at), expected) << c.name << " at " << at.x() << "," << at.y();
+    }
 }
 
 TEST(ImageBorderProcessor, TransparentPixelsReplaceTheBackground)
