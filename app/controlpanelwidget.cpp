@@ -41,8 +41,8 @@ constexpr SliderSpec sliderSpecs[] = {
 ControlPanelWidget::ControlPanelWidget(QWidget *parent) : QTabWidget(parent)
 {
     QWidget *file =
-        makeButtonPage({tr("Open image files..."), tr("Save Display Image..."), tr("Save as Spatial Photo..."),
-                        tr("Batch operation..."), tr("Orientation Tag Edit...")});
+        makeButtonPage({tr("Open image files..."), tr("Open from Photos Library..."), tr("Save Display Image..."),
+                        tr("Save as Spatial Photo..."), tr("Batch operation..."), tr("Orientation Tag Edit...")});
     auto *navigation = new QHBoxLayout;
     for (const QString &text : {tr("Prev."), tr("Next")}) {
         auto *b = new QPushButton(text);

@@ -8,6 +8,7 @@
 
 #include <QStringList>
 
+#include "app/entrycursor.h"
 #include "core/stereofilelist.h"
 #include "core/stereointake.h"
 
@@ -25,19 +26,15 @@ public:
     bool canStep(int direction) const;
 
     const QStringList &imageList() const { return files; }
-    int currentIndex() const { return index; }
+    int currentIndex() const { return cursor.currentIndex(); }
     LoadMode loadMode() const { return mode; }
     // False while the opened file is one the list never holds (a BMP): currentIndex is then
     // where it would sort, and stepping goes to the entries on either side of it.
-    bool isCurrentListed() const { return listed; }
+    bool isCurrentListed() const { return cursor.isCurrentListed(); }
 
 private:
-    int stepSize() const { return mode == filePair ? 2 : 1; }
-    int stepTarget(int direction) const;
-
     QStringList files;
-    int index = 0;
-    bool listed = true;
+    EntryCursor cursor;
     LoadMode mode = singleFile;
 };
 

@@ -201,18 +201,18 @@ void MainWindow::updateControls()
     for (const HistoryEntry &entry : fileHistory->entries())
         titles << FileHistory::title(entry);
     panel->setRecentTitles(titles);
-    panel->setNavigationEnabled(folder.canStep(-1), folder.canStep(+1));
+    if (isPhotoMode)
+        panel->setNavigationEnabled(photos.canStep(-1), photos.canStep(+1));
+    else
+        panel->setNavigationEnabled(folder.canStep(-1), folder.canStep(+1));
     panel->setUndoEnabled(proc.history.undoCount() >= 2, proc.history.redoCount() > 0);
     QString info;
-    if (proc.hasPair()) {
-        const qsizetype listed = folder.imageList().size();
+    if (proc.hasPair())
         info = tr("%1\n%2 × %3 pixels per view\n")
                    .arg(openedDescription)
                    .arg(proc.leftOriginal->width())
                    .arg(proc.leftOriginal->height()) +
-               (folder.isCurrentListed() ? tr("%1 of %2 in the folder").arg(folder.currentIndex() + 1).arg(listed)
-                                         : tr("not among the %1 files of the folder").arg(listed));
-    }
+               navigationInformation();
     panel->setFileInformation(info);
 }
 

@@ -11,6 +11,7 @@
 
 #include "app/filehistory.h"
 #include "app/foldernavigator.h"
+#include "app/photoalbumnavigator.h"
 #include "batch/batchsettings.h"
 #include "border/imagebordersettings.h"
 #include "core/preferences.h"
@@ -24,6 +25,7 @@ class BatchSettingsViewController;
 class BorderComposer;
 class ControlPanelWidget;
 class PairView;
+class PhotoPickerWindow;
 class ProjectorLink;
 class SpatialPhotoSavePanel;
 struct ProjectedPictures;
@@ -39,6 +41,9 @@ public:
     // Opens one file, read as `kind` says, or two as a left/right pair, and lists the folder for
     // stepping; stepping reads the folder's files as `kind` says too.
     bool openPaths(QStringList paths, StereoFileKind kind = StereoFileKind::byExtension);
+    // Opens pictures chosen from the photo library, as a folder entry opens, and enters photo
+    // mode: stepping then runs over the album's pictures. Records a recent entry.
+    bool openPhotos(const PhotoChoice &choice);
     // Writes the display image, or with ".mpo" or ".jps" the full-width adjusted pair, with the
     // source's camera Exif. Failures are alerted.
     bool saveDisplayImage(const QString &path);
@@ -67,8 +72,15 @@ public:
     // Opens the resize sheet on the current size; confirming resizes both images.
     void cpResize();
     void resizePair(int width, int height, ResizeMode mode);
-    // Reopens entry `index` of the recent files, as the open command would.
+    // Reopens entry `index` of the recent files, as the open command would; a photo library
+    // entry reopens in photo mode over its album as it is now.
     void openRecent(int index);
+    // "Open from Photos Library...": the album window, or the desktop's file chooser when the
+    // preferences say "system".
+    void cpOpenFromPhotos();
+    // "Preferences...": the settings window.
+    void cpPreferences();
+    PhotoPickerWindow *photoPicker() const;
     // Opens the batch dialog on the stored settings and this session's last crop and resize;
     // confirming it starts the run.
     void cpBatch();
@@ -82,6 +94,8 @@ public:
 
     const StereoImageProcessor &processor() const { return proc; }
     const FolderNavigator &navigator() const { return folder; }
+    const PhotoAlbumNavigator &photoNavigator() const { return photos; }
+    bool photoMode() const { return isPhotoMode; }
     DisplayMode displayMode() const { return mode; }
     const ImageBorderSettings &borderSettings() const { return ibSettings; }
     ControlPanelWidget *controlPanel() const { return panel; }
@@ -112,12 +126,18 @@ private:
     void updateControls();
     void chooseFilesToOpen();
     void chooseOverUnderFileToOpen();
+    void choosePhotosWithSystemPicker();
+    void reopenPhotos(const HistoryEntry &entry);
+    QString navigationInformation() const;
     void chooseFileToSave();
     std::optional<ProjectedPictures> projectedPictures() const;
 
     std::unique_ptr<Preferences> prefs;
     StereoImageProcessor proc;
     FolderNavigator folder;
+    PhotoAlbumNavigator photos;
+    bool isPhotoMode = false; // stepping runs over `photos` instead of `folder`
+    QPointer<PhotoPickerWindow> picker; // one at a time
     DisplayMode mode = DisplayMode::sbs;
     StereoFileKind openedKind = StereoFileKind::byExtension; // how the shown single file was read
     QString lastOpenedURL;

@@ -42,6 +42,7 @@ bool MainWindow::openPaths(QStringList paths, StereoFileKind kind)
     if (!openEntryAndShow(entry, kind))
         return false;
     folder.rebuild(paths[0], pair ? FolderNavigator::filePair : FolderNavigator::singleFile);
+    isPhotoMode = false;
     fileHistory->add(FileHistory::forFiles(paths));
     updateControls();
     return true;
@@ -52,8 +53,8 @@ void MainWindow::openRecent(int index)
     if (index < 0 || index >= int(fileHistory->entries().size()))
         return;
     const HistoryEntry entry = fileHistory->entries()[size_t(index)];
-    if (entry.urls.isEmpty()) {
-        alert(tr("Photo library items cannot be opened here."));
+    if (entry.photoLocalIDs) {
+        reopenPhotos(entry);
         return;
     }
     QStringList paths;
@@ -88,7 +89,7 @@ bool MainWindow::openEntryAndShow(const StereoEntry &entry, StereoFileKind kind)
 
 void MainWindow::stepEntry(int direction)
 {
-    if (const std::optional<StereoEntry> entry = folder.step(direction))
+    if (const std::optional<StereoEntry> entry = isPhotoMode ? photos.step(direction) : folder.step(direction))
         openEntryAndShow(*entry, openedKind);
     updateControls();
 }

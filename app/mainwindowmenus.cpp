@@ -54,6 +54,7 @@ void MainWindow::buildMenus()
     const std::pair<const char *, std::vector<MenuItem>> menus[] = {
         {"File",
          {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
+          {"Open from Photos Library...", QKeySequence(), false, &MainWindow::cpOpenFromPhotos},
           {"Open as over/under...", QKeySequence(), false, &MainWindow::chooseOverUnderFileToOpen},
           {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
           {"Save as Spatial Photo...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), false,
@@ -70,7 +71,9 @@ void MainWindow::buildMenus()
           {"Auto Color Matching(Left ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
           {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
           {"Crop", QKeySequence(), false, &MainWindow::cpCrop},
-          {"Resize", QKeySequence(), false, &MainWindow::cpResize}}},
+          {"Resize", QKeySequence(), false, &MainWindow::cpResize},
+          separator,
+          {"Preferences...", QKeySequence(QKeySequence::Preferences), false, &MainWindow::cpPreferences}}},
         {"View", view},
     };
     for (const auto &[title, items] : menus) {
@@ -95,6 +98,7 @@ void MainWindow::connectPanel()
 {
     const std::pair<QString, std::function<void()>> buttons[] = {
         {tr("Open image files..."), [this] { chooseFilesToOpen(); }},
+        {tr("Open from Photos Library..."), [this] { cpOpenFromPhotos(); }},
         {tr("Save Display Image..."), [this] { chooseFileToSave(); }},
         {tr("Save as Spatial Photo..."), [this] { cpSaveSpatialPhoto(); }},
         {tr("Batch operation..."), [this] { cpBatch(); }},
