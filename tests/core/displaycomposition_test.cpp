@@ -31,51 +31,51 @@ std::vector<uint8_t> referenceWarp(const RgbBuffer &src, const PerspectiveMatrix
     return TestReference::referenceWarp(src.data, layout, m, 0, 0, src.w, src.h, layout, 0);
 }
 
-struct WarpCase {
-    int w, h;
-    StereoAdjustment adjustment;
-};
-
-class AdjustPairTest : public testing::TestWithParam<WarpCase> {};
-
-// adjustPair = reference warp of the whole frame, then the crop of the common area.
-TEST_P(AdjustPairTest, MatchesFullFrameWarpThenCrop)
+// adjustPair = reference warp of the whole frame, then the crop of the common area; no common
+// area, no pair.
+TEST(AdjustPair, MatchesFullFrameWarpThenCrop)
 {
-    const WarpCase c = GetParam();
-    const QImage left = noise(c.w, c.h, 1), right = noise(c.w, c.h, 2);
-    const auto [l, r] = adjustedCorners(c.w, c.h, c.adjustment);
-    const CornerPoints frame{{{0, 0}, {float(c.w), 0}, {float(c.w), float(c.h)}, {0, float(c.h)}}};
-    const float lb = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});
-    const float rb = std::min({float(c.w), l[1].x, l[2].x, r[1].x, r[2].x});
-    const float tb = std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y});
-    const float bb = std::min({float(c.h), l[2].y, l[3].y, r[2].y, r[3].y});
+    const struct {
+        int w, h;
+        StereoAdjustment adjustment;
+    } cases[] = {{1, 1, {}},
+                 {4, 3, {}},
+                 {7, 5, {3, -2, 0, 0}},
+                 {33, 21, {1.5, 0.5, 4, 6}},
+                 {64, 48, {-2, 3, -10, -8}},
+                 {301, 199, {2.25, -1.75, 7.5, 12}},
+                 {640, 480, {0.5, 0.5, 1, 2}},
+                 {50, 40, {200, 0, 0, 0}}}; // no common area
+    for (const auto &c : cases) {
+        const QImage left = noise(c.w, c.h, 1), right = noise(c.w, c.h, 2);
+        const auto [l, r] = adjustedCorners(c.w, c.h, c.adjustment);
+        const CornerPoints frame{{{0, 0}, {float(c.w), 0}, {float(c.w), float(c.h)}, {0, float(c.h)}}};
+        const float lb = std::max({0.0f, l[0].x, l[3].x, r[0].x, r[3].x});
+        const float rb = std::min({float(c.w), l[1].x, l[2].x, r[1].x, r[2].x});
+        const float tb = std::max({0.0f, l[0].y, l[1].y, r[0].y, r[1].y});
+        const float bb = std::min({float(c.h), l[2].y, l[3].y, r[2].y, r[3].y});
 
-    const std::optional<ImagePair> pair = adjustPair(left, right, c.adjustment);
-    if (lb >= rb || tb >= bb) {
-        EXPECT_FALSE(pair);
-        return;
-    }
-    ASSERT_TRUE(pair);
-    const int64_t x0 = int64_t(lb), y0 = int64_t(tb), cw = int64_t(rb - lb), ch = int64_t(bb - tb);
-    ASSERT_EQ(pair->left.size(), QSize(int(cw), int(ch)));
-    ASSERT_EQ(pair->right.size(), QSize(int(cw), int(ch)));
-    for (int side = 0; side < 2; ++side) {
-        const RgbBuffer src = *imageToRGB(side == 0 ? left : right);
-        const std::vector<uint8_t> full = referenceWarp(src, *perspectiveTransform(frame, side == 0 ? l : r));
-        const RgbBuffer got = *imageToRGB(side == 0 ? pair->left : pair->right);
-        for (int64_t y = 0; y < ch; ++y) {
-            const auto want = full.begin() + ((y + y0) * c.w + x0) * 3;
-            ASSERT_TRUE(std::equal(want, want + cw * 3, got.data.begin() + y * cw * 3))
-                << c.w << "x" << c.h << " side " << side << " row " << y;
+        const std::optional<ImagePair> pair = adjustPair(left, right, c.adjustment);
+        if (lb >= rb || tb >= bb) {
+            EXPECT_FALSE(pair) << c.w << "x" << c.h;
+            continue;
+        }
+        ASSERT_TRUE(pair) << c.w << "x" << c.h;
+        const int64_t x0 = int64_t(lb), y0 = int64_t(tb), cw = int64_t(rb - lb), ch = int64_t(bb - tb);
+        ASSERT_EQ(pair->left.size(), QSize(int(cw), int(ch)));
+        ASSERT_EQ(pair->right.size(), QSize(int(cw), int(ch)));
+        for (int side = 0; side < 2; ++side) {
+            const RgbBuffer src = *imageToRGB(side == 0 ? left : right);
+            const std::vector<uint8_t> full = referenceWarp(src, *perspectiveTransform(frame, side == 0 ? l : r));
+            const RgbBuffer got = *imageToRGB(side == 0 ? pair->left : pair->right);
+            for (int64_t y = 0; y < ch; ++y) {
+                const auto want = full.begin() + ((y + y0) * c.w + x0) * 3;
+                ASSERT_TRUE(std::equal(want, want + cw * 3, got.data.begin() + y * cw * 3))
+                    << c.w << "x" << c.h << " side " << side << " row " << y;
+            }
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Sizes, AdjustPairTest,
-                         testing::Values(WarpCase{1, 1, {}}, WarpCase{4, 3, {}}, WarpCase{7, 5, {3, -2, 0, 0}},
-                                         WarpCase{33, 21, {1.5, 0.5, 4, 6}}, WarpCase{64, 48, {-2, 3, -10, -8}},
-                                         WarpCase{301, 199, {2.25, -1.75, 7.5, 12}},
-                                         WarpCase{640, 480, {0.5, 0.5, 1, 2}}, WarpCase{50, 40, {200, 0, 0, 0}}));
 
 // Moves of a whole image give its exact size; no adjustment keeps the size, the pixels and a
 // black last row and column (nothing to interpolate with there).
