@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/jpegcodec.h"
 
+#include <algorithm>
 #include <memory>
 
 #include <turbojpeg.h>
@@ -18,9 +19,26 @@ struct HandleCloser {
 };
 using TjHandle = std::unique_ptr<void, HandleCloser>;
 
+// The smallest scaling factor whose picture still has a longer side of at least `box`.
+tjscalingfactor reductionCovering(int width, int height, int box)
+{
+    tjscalingfactor chosen{1, 1};
+    if (box <= 0)
+        return chosen;
+    int factorCount = 0;
+    const tjscalingfactor *factors = tjGetScalingFactors(&factorCount);
+    for (int i = 0; i < factorCount; ++i) {
+        const tjscalingfactor f = factors[i];
+        const bool reduces = f.num < f.denom, covers = TJSCALED(std::max(width, height), f) >= box;
+        if (reduces && covers && f.num * chosen.denom < chosen.num * f.denom)
+            chosen = f;
+    }
+    return chosen;
+}
+
 } // namespace
 
-std::optional<QImage> decodeJpeg(const char *data, qsizetype size)
+std::optional<QImage> decodeJpeg(const char *data, qsizetype size, int coveringBox)
 {
     TjHandle tj(tjInitDecompress());
     if (!tj || size <= 0)
@@ -32,12 +50,13 @@ std::optional<QImage> decodeJpeg(const char *data, qsizetype size)
         return std::nullopt;
     if (!isDecodableSize(width, height) || colorspace == TJCS_CMYK || colorspace == TJCS_YCCK)
         return std::nullopt;
-    QImage image = newLargeImage(width, height, QImage::Format_RGB32);
+    const tjscalingfactor scale = reductionCovering(width, height, coveringBox);
+    QImage image = newLargeImage(TJSCALED(width, scale), TJSCALED(height, scale), QImage::Format_RGB32);
     if (image.isNull())
         return std::nullopt;
     // BGRX is QImage's RGB32 byte order on little-endian machines; X is filled with 0xff.
-    const int status = tjDecompress2(tj.get(), bytes, static_cast<unsigned long>(size), image.bits(), width,
-                                     static_cast<int>(image.bytesPerLine()), height, TJPF_BGRX, 0);
+    const int status = tjDecompress2(tj.get(), bytes, static_cast<unsigned long>(size), image.bits(), image.width(),
+                                     static_cast<int>(image.bytesPerLine()), image.height(), TJPF_BGRX, 0);
     // A warning (e.g. data ending early) still leaves a usable picture, as every viewer shows it.
     if (status != 0 && tjGetErrorCode(tj.get()) != TJERR_WARNING)
         return std::nullopt;

@@ -15,7 +15,10 @@ namespace Vorel {
 
 // Opaque Format_RGB32 image, or none for data TurboJPEG cannot decode (corrupt data, or
 // colour spaces it does not convert, which the caller may hand to another decoder).
-std::optional<QImage> decodeJpeg(const char *data, qsizetype size);
+// With `coveringBox` > 0 the decode is reduced by the largest of TurboJPEG's scaling factors
+// that keeps the longer side at least that long (the full picture when it is smaller): a
+// thumbnail costs a fraction of the full decode.
+std::optional<QImage> decodeJpeg(const char *data, qsizetype size, int coveringBox = 0);
 // A JPEG in the encoder's own buffer, for writers that assemble files from several pieces
 // and would otherwise copy it twice.
 class EncodedJpeg {

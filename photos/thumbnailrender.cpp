@@ -6,17 +6,15 @@
 // as the full image reader does, before the final smooth scaling.
 #include "photos/thumbnailcache.h"
 
-#include <memory>
 
 #include <QFile>
 
 #include <libheif/heif.h>
-#include <turbojpeg.h>
 
 #include "formats/colourprofile.h"
 #include "formats/exiforientation.h"
 #include "formats/heifimage.h"
-#include "formats/imagelimits.h"
+#include "formats/jpegcodec.h"
 #include "formats/imagereader.h"
 #include "formats/srgbconversion.h"
 
@@ -24,40 +22,13 @@ namespace Vorel {
 
 namespace {
 
-struct TurboJpegCloser {
-    void operator()(void *handle) const { tjDestroy(handle); }
-};
-
-// A reduced decode whose longer side is at least `box` (or the full picture when smaller),
-// as Format_RGB32; none for data TurboJPEG does not decode (CMYK too).
+// A reduced decode whose longer side is at least `box`, upright and in sRGB.
 std::optional<QImage> decodeJpegCovering(const QByteArray &bytes, int box)
 {
-    const std::unique_ptr<void, TurboJpegCloser> tj(tjInitDecompress());
-    const auto *data = reinterpret_cast<const unsigned char *>(bytes.constData());
-    const auto size = static_cast<unsigned long>(bytes.size());
-    int width = 0, height = 0, subsampling = 0, colorspace = 0;
-    if (!tj || tjDecompressHeader3(tj.get(), data, size, &width, &height, &subsampling, &colorspace) != 0)
+    const std::optional<QImage> image = decodeJpeg(bytes.constData(), bytes.size(), box);
+    if (!image)
         return std::nullopt;
-    if (!isDecodableSize(width, height) || colorspace == TJCS_CMYK || colorspace == TJCS_YCCK)
-        return std::nullopt;
-    int factorCount = 0;
-    const tjscalingfactor *factors = tjGetScalingFactors(&factorCount);
-    tjscalingfactor chosen{1, 1};
-    for (int i = 0; i < factorCount; ++i) {
-        const tjscalingfactor f = factors[i];
-        const bool reduces = f.num < f.denom, covers = TJSCALED(std::max(width, height), f) >= box;
-        if (reduces && covers && f.num * chosen.denom < chosen.num * f.denom)
-            chosen = f;
-    }
-    QImage image(TJSCALED(width, chosen), TJSCALED(height, chosen), QImage::Format_RGB32);
-    if (image.isNull())
-        return std::nullopt;
-    // BGRX is QImage's RGB32 byte order on little-endian machines.
-    const int status = tjDecompress2(tj.get(), data, size, image.bits(), image.width(), int(image.bytesPerLine()),
-                                     image.height(), TJPF_BGRX, 0);
-    if (status != 0 && tjGetErrorCode(tj.get()) != TJERR_WARNING)
-        return std::nullopt;
-    return applyExifOrientation(convertedToSrgb(image, fileColourProfile(bytes)), readExifOrientation(bytes));
+    return applyExifOrientation(convertedToSrgb(*image, fileColourProfile(bytes)), readExifOrientation(bytes));
 }
 
 // The primary image's thumbnail item when its longer side covers the box, else the primary.
