@@ -51,7 +51,7 @@ void blockStopSignalsOfBatch(int argc, char **argv, char **)
 
 void printUsage()
 {
-    std::cerr << "usage: vorel-cli COMMAND ...\n\ncommands:\n";
+    std::cerr << "usage: vorel-cli COMMAND ...\n       vorel-cli --version\n\ncommands:\n";
     for (const Command &command : commands)
         std::cerr << "  " << QByteArray(command.name).leftJustified(12).constData() << command.summary
                   << " (vorel-cli " << command.name << " --help)\n";
@@ -63,6 +63,10 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments == QStringList{QStringLiteral("--version")}) {
+        std::cout << "vorel-cli " VOREL_VERSION "\n";
+        return 0;
+    }
     if (arguments.isEmpty() || arguments.first() == QLatin1String("--help")) {
         printUsage();
         return arguments.isEmpty() ? exitUsage : 0;

@@ -12,6 +12,8 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev libimage-exiftool-perl python3-pil
   xvfb xauth x11-apps
   parallel
+  librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info xdg-utils
+  libfile-mimeinfo-perl man-db dpkg-dev lintian
 )
 
 missing=()
