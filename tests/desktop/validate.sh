@@ -10,6 +10,11 @@ appstreamcli validate --no-net --explain "$share"/metainfo/*.metainfo.xml
 appstreamcli validate-tree --no-net --explain "$1"
 xmllint --noout "$share"/mime/packages/*.xml
 
+# Software centres and file managers see the same file types.
+diff -u --label "launcher MimeType" --label "metainfo mediatype" \
+  <(sed -n 's/^MimeType=//p' "$share"/applications/*.desktop | tr ';' '\n' | sed '/^$/d' | sort) \
+  <(sed -n 's|.*<mediatype>\(.*\)</mediatype>.*|\1|p' "$share"/metainfo/*.metainfo.xml | sort)
+
 # The launcher's icon name finds the drawing and a rendering of the right size in every folder.
 icon=$(sed -n 's/^Icon=//p' "$share"/applications/*.desktop)
 test -f "$share/icons/hicolor/scalable/apps/$icon.svg"
