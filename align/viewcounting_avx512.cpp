@@ -19,6 +19,10 @@
 
 #include <immintrin.h>
 
+// GCC 12 takes the deliberately undefined pass-through registers inside the intrinsics
+// (shifts, conversions) for uninitialised variables.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+
 namespace Vorel {
 
 namespace {
