@@ -8,6 +8,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -30,10 +31,10 @@ struct SliderSpec {
     int minimum, maximum;
 };
 constexpr SliderSpec sliderSpecs[] = {
-    {"X", &StereoAdjustment::horizontalOffset, -20, 20},
-    {"Y", &StereoAdjustment::verticalOffset, -20, 20},
-    {"Rot.", &StereoAdjustment::rotation, -45, 45},
-    {"Size", &StereoAdjustment::scale, -100, 100},
+    {QT_TRANSLATE_NOOP("Vorel::ControlPanelWidget", "X"), &StereoAdjustment::horizontalOffset, -20, 20},
+    {QT_TRANSLATE_NOOP("Vorel::ControlPanelWidget", "Y"), &StereoAdjustment::verticalOffset, -20, 20},
+    {QT_TRANSLATE_NOOP("Vorel::ControlPanelWidget", "Rot."), &StereoAdjustment::rotation, -45, 45},
+    {QT_TRANSLATE_NOOP("Vorel::ControlPanelWidget", "Size"), &StereoAdjustment::scale, -100, 100},
 };
 
 } // namespace
@@ -117,7 +118,7 @@ QWidget *ControlPanelWidget::makeViewPage()
     const std::span modes(displayModes);
     modeButtons = new QButtonGroup(page);
     for (const DisplayModeInfo &info : modes.first(classicDisplayModeCount)) {
-        auto *button = new QRadioButton(tr(info.uiText));
+        auto *button = new QRadioButton(QCoreApplication::translate("DisplayMode", info.uiText));
         modeButtons->addButton(button, int(info.mode));
         layout->addWidget(button);
     }
@@ -127,7 +128,7 @@ QWidget *ControlPanelWidget::makeViewPage()
     more->addWidget(new QLabel(tr("More:")));
     moreModes = new QComboBox;
     for (const DisplayModeInfo &info : modes.subspan(classicDisplayModeCount))
-        moreModes->addItem(tr(info.uiText), int(info.mode));
+        moreModes->addItem(QCoreApplication::translate("DisplayMode", info.uiText), int(info.mode));
     more->addWidget(moreModes, 1);
     layout->addLayout(more);
     connect(moreModes, &QComboBox::activated, this,

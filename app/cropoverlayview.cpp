@@ -18,8 +18,14 @@ struct AspectItem {
     const char *label;
     int widthPart, heightPart;
 };
-constexpr AspectItem aspectItems[] = {{"Free", 0, 0},   {"1 : 1", 1, 1},  {"4 : 3", 4, 3},  {"3 : 2", 3, 2},
-                                      {"16 : 9", 16, 9}, {"3 : 4", 3, 4}, {"2 : 3", 2, 3}, {"9 : 16", 9, 16}};
+constexpr AspectItem aspectItems[] = {{QT_TRANSLATE_NOOP("Vorel::CropOverlayView", "Free"), 0, 0},
+                                      {"1 : 1", 1, 1},
+                                      {"4 : 3", 4, 3},
+                                      {"3 : 2", 3, 2},
+                                      {"16 : 9", 16, 9},
+                                      {"3 : 4", 3, 4},
+                                      {"2 : 3", 2, 3},
+                                      {"9 : 16", 9, 16}};
 
 QColor white(double opacity) { return QColor::fromRgbF(1, 1, 1, float(opacity)); }
 

@@ -27,8 +27,10 @@ namespace Vorel {
 
 namespace {
 
-const char *const openFilter = "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.jps *.pns *.bmp "
-                               "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.JPS *.PNS *.BMP)";
+const char *const openFilter =
+    QT_TRANSLATE_NOOP("Vorel::MainWindow",
+                      "Images (*.jpg *.jpeg *.png *.tiff *.tif *.heic *.mpo *.jps *.pns *.bmp "
+                      "*.JPG *.JPEG *.PNG *.TIFF *.TIF *.HEIC *.MPO *.JPS *.PNS *.BMP)");
 
 } // namespace
 
@@ -167,7 +169,7 @@ void MainWindow::cpSaveSpatialPhoto()
         }
         QApplication::restoreOverrideCursor();
         if (failure) {
-            std::fprintf(stderr, "save erroe\n");
+            std::fprintf(stderr, "%s\n", qPrintable(tr("save erroe")));
             alert(*failure);
         }
     };

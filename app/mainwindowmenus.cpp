@@ -6,6 +6,7 @@
 
 #include <cstdio>
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
@@ -21,10 +22,10 @@ namespace {
 
 constexpr double arrowStep = 0.5;
 
-// A menu item (a null title is a separator). Keys that work alone (no modifier) are handled by the window's key handling,
-// so that they also reach it from the picture; the menu only shows them.
+// A menu item, its title translated (a null title is a separator). Keys that work alone (no modifier) are handled by
+// the window's key handling, so that they also reach it from the picture; the menu only shows them.
 struct MenuItem {
-    const char *title;
+    QString title;
     QKeySequence key;
     bool bareKey;
     std::function<void(MainWindow &)> run;
@@ -34,56 +35,58 @@ struct MenuItem {
 
 void MainWindow::buildMenus()
 {
-    const MenuItem separator{nullptr, QKeySequence(), false, {}};
+    const MenuItem separator{QString(), QKeySequence(), false, {}};
     // Every display mode in the order of displayModes; the classic ones keep Ctrl+1 to Ctrl+6.
-    std::vector<MenuItem> view{{"Swap", QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap}};
+    std::vector<MenuItem> view{{tr("Swap"), QKeySequence(Qt::Key_X), true, &MainWindow::cpSwap}};
     for (size_t i = 0; i < displayModes.size(); ++i) {
         const DisplayMode m = displayModes[i].mode;
         const QKeySequence key = i < classicDisplayModeCount ? QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(i)))
                                                              : QKeySequence();
-        view.push_back({displayModes[i].uiText, key, false, [m](MainWindow &w) { w.setDisplayMode(m); }});
+        view.push_back({QCoreApplication::translate("DisplayMode", displayModes[i].uiText), key, false,
+                        [m](MainWindow &w) { w.setDisplayMode(m); }});
     }
     view.insert(view.end(),
-                {{"Image with border settings", QKeySequence(), false, &MainWindow::cpBorderSettings},
-                 {"Fit to screen", QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
-                 {"Actual image size", QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
-                 {"Control Panel Display/Hide", QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
+                {{tr("Image with border settings"), QKeySequence(), false, &MainWindow::cpBorderSettings},
+                 {tr("Fit to screen"), QKeySequence(Qt::Key_F), true, &MainWindow::cpFit},
+                 {tr("Actual image size"), QKeySequence(Qt::Key_J), true, &MainWindow::cpActualSize},
+                 {tr("Control Panel Display/Hide"), QKeySequence(Qt::CTRL | Qt::Key_Backslash), false,
                   [](MainWindow &w) { w.panel->setVisible(!w.panel->isVisible()); }},
-                 {"Full screen", QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen},
-                 {"External monitor", QKeySequence(), false, &MainWindow::cpExternalMonitor}});
-    const std::pair<const char *, std::vector<MenuItem>> menus[] = {
-        {"File",
-         {{"Open image files...", QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
-          {"Open from Photos Library...", QKeySequence(), false, &MainWindow::cpOpenFromPhotos},
-          {"Open as over/under...", QKeySequence(), false, &MainWindow::chooseOverUnderFileToOpen},
-          {"Save Display Image...", QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
-          {"Save as Spatial Photo...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), false,
+                 {tr("Full screen"), QKeySequence(Qt::Key_Return), true, &MainWindow::cpToggleFullScreen},
+                 {tr("External monitor"), QKeySequence(), false, &MainWindow::cpExternalMonitor}});
+    const std::pair<QString, std::vector<MenuItem>> menus[] = {
+        {tr("File"),
+         {{tr("Open image files..."), QKeySequence(Qt::CTRL | Qt::Key_O), false, &MainWindow::chooseFilesToOpen},
+          {tr("Open from Photos Library..."), QKeySequence(), false, &MainWindow::cpOpenFromPhotos},
+          {tr("Open as over/under..."), QKeySequence(), false, &MainWindow::chooseOverUnderFileToOpen},
+          {tr("Save Display Image..."), QKeySequence(Qt::CTRL | Qt::Key_S), false, &MainWindow::chooseFileToSave},
+          {tr("Save as Spatial Photo..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), false,
            &MainWindow::cpSaveSpatialPhoto},
-          {"Next image files", QKeySequence(Qt::Key_Space), true, &MainWindow::cpNext},
-          {"Prev. image files", QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev},
+          {tr("Next image files"), QKeySequence(Qt::Key_Space), true, &MainWindow::cpNext},
+          {tr("Prev. image files"), QKeySequence(Qt::Key_Backspace), true, &MainWindow::cpPrev},
           separator,
-          {"Batch operation...", QKeySequence(), false, &MainWindow::cpBatch},
-          {"Orientation Tag Edit...", QKeySequence(), false, [](MainWindow &w) { ExifOrientationPanel::show(&w); }}}},
-        {"Edit",
-         {{"Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), false, &MainWindow::cpUndo},
-          {"Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo},
-          {"Auto align", QKeySequence(Qt::CTRL | Qt::Key_A), false, &MainWindow::cpAutoadj},
-          {"Auto Color Matching(Left ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
-          {"Auto Color Matching(Right ref.)", QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
-          {"Crop", QKeySequence(), false, &MainWindow::cpCrop},
-          {"Resize", QKeySequence(), false, &MainWindow::cpResize},
+          {tr("Batch operation..."), QKeySequence(), false, &MainWindow::cpBatch},
+          {tr("Orientation Tag Edit..."), QKeySequence(), false,
+           [](MainWindow &w) { ExifOrientationPanel::show(&w); }}}},
+        {tr("Edit"),
+         {{tr("Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), false, &MainWindow::cpUndo},
+          {tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), false, &MainWindow::cpRedo},
+          {tr("Auto align"), QKeySequence(Qt::CTRL | Qt::Key_A), false, &MainWindow::cpAutoadj},
+          {tr("Auto Color Matching(Left ref.)"), QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(false); }},
+          {tr("Auto Color Matching(Right ref.)"), QKeySequence(), false, [](MainWindow &w) { w.cpColorMatch(true); }},
+          {tr("Crop"), QKeySequence(), false, &MainWindow::cpCrop},
+          {tr("Resize"), QKeySequence(), false, &MainWindow::cpResize},
           separator,
-          {"Preferences...", QKeySequence(QKeySequence::Preferences), false, &MainWindow::cpPreferences}}},
-        {"View", view},
+          {tr("Preferences..."), QKeySequence(QKeySequence::Preferences), false, &MainWindow::cpPreferences}}},
+        {tr("View"), view},
     };
     for (const auto &[title, items] : menus) {
-        QMenu *menu = menuBar()->addMenu(tr(title));
+        QMenu *menu = menuBar()->addMenu(title);
         for (const MenuItem &item : items) {
-            if (!item.title) {
+            if (item.title.isNull()) {
                 menu->addSeparator();
                 continue;
             }
-            QString text = tr(item.title);
+            QString text = item.title;
             if (item.bareKey)
                 text += QLatin1Char('\t') + item.key.toString(QKeySequence::NativeText);
             QAction *action = menu->addAction(text);

@@ -21,9 +21,10 @@ namespace Vorel {
 
 namespace {
 
-const char *const modeTexts[] = {"Resize to specified size without maintaining aspect ratio",
-                                 "Maintain aspect ratio - Crop the inside",
-                                 "Maintain aspect ratio - Fill in the missing parts with black"};
+const char *const modeTexts[] = {
+    QT_TRANSLATE_NOOP("Vorel::ResizeDialog", "Resize to specified size without maintaining aspect ratio"),
+    QT_TRANSLATE_NOOP("Vorel::ResizeDialog", "Maintain aspect ratio - Crop the inside"),
+    QT_TRANSLATE_NOOP("Vorel::ResizeDialog", "Maintain aspect ratio - Fill in the missing parts with black")};
 
 std::optional<int> positive(const QLineEdit *field)
 {

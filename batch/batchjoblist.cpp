@@ -8,14 +8,13 @@
 
 #include "batch/namepairing.h"
 #include "core/stereofilelist.h"
+#include "batch/batchtext.h"
 
 namespace Vorel {
 
 namespace {
 
 constexpr qsizetype namesShown = 5;
-
-QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
 
 QStringList outputNames(const QString &base, const BatchSettings &settings)
 {
@@ -106,8 +105,9 @@ QStringList existingOutputNames(const std::vector<BatchJob> &jobs)
 QString overwriteQuestion(const QStringList &existingNames)
 {
     const qsizetype beyond = existingNames.size() - namesShown;
-    const QString more = beyond > 0 ? QLatin1Char('\n') + tr("… and %1 more files").arg(beyond) : QString();
-    return tr("%1 file(s) already exist:\n%2%3\n\nOverwrite?")
+    const QString more
+        = beyond > 0 ? QLatin1Char('\n') + BatchText::tr("… and %1 more files").arg(beyond) : QString();
+    return BatchText::tr("%1 file(s) already exist:\n%2%3\n\nOverwrite?")
         .arg(existingNames.size())
         .arg(existingNames.mid(0, namesShown).join(QLatin1Char('\n')), more);
 }

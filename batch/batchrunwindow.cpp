@@ -13,22 +13,17 @@
 #include "batch/batchsettings.h"
 #include "border/imagebordersettings.h"
 #include "core/preferences.h"
+#include "batch/batchtext.h"
 
 namespace Vorel {
 
-namespace {
-
-QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
-
-} // namespace
-
 bool askOverwrite(QWidget *parent, const QStringList &existingNames)
 {
-    QMessageBox question(QMessageBox::Warning, tr("Batch Processing"), overwriteQuestion(existingNames),
+    QMessageBox question(QMessageBox::Warning, BatchText::tr("Batch Processing"), overwriteQuestion(existingNames),
                          QMessageBox::NoButton, parent);
-    question.setInformativeText(tr("Existing files will be overwritten."));
-    QPushButton *overwrite = question.addButton(tr("Overwrite"), QMessageBox::AcceptRole);
-    QPushButton *cancel = question.addButton(tr("Cancel"), QMessageBox::RejectRole);
+    question.setInformativeText(BatchText::tr("Existing files will be overwritten."));
+    QPushButton *overwrite = question.addButton(BatchText::tr("Overwrite"), QMessageBox::AcceptRole);
+    QPushButton *cancel = question.addButton(BatchText::tr("Cancel"), QMessageBox::RejectRole);
     question.setDefaultButton(overwrite);
     question.setEscapeButton(cancel);
     question.exec();
@@ -40,8 +35,9 @@ BatchProgressViewController *runBatch(const BatchSettings &settings, const Prefe
 {
     std::vector<BatchJob> jobs = listBatchJobs(settings);
     if (jobs.empty()) {
-        const QString message = tr("No target image files found in the input folder.");
-        prompts.alert ? prompts.alert(message) : void(QMessageBox::warning(parent, tr("Batch Processing"), message));
+        const QString message = BatchText::tr("No target image files found in the input folder.");
+        prompts.alert ? prompts.alert(message)
+                      : void(QMessageBox::warning(parent, BatchText::tr("Batch Processing"), message));
         return nullptr;
     }
     if (const QStringList existing = existingOutputNames(jobs); !existing.isEmpty()) {
@@ -73,7 +69,8 @@ BatchProgressViewController *runBatch(const BatchSettings &settings, const Prefe
     QObject::connect(
         processor, &BatchProcessor::runFinished, window,
         [window](bool aborted) {
-            window->finish(aborted ? tr("Processing aborted.") : tr("All files processed successfully."));
+            window->finish(aborted ? BatchText::tr("Processing aborted.")
+                                   : BatchText::tr("All files processed successfully."));
         },
         Qt::QueuedConnection);
     window->onAbort = [processor] { processor->cancel(); };

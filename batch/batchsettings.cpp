@@ -32,7 +32,10 @@ ResizeMode resizeModeFromCode(int code)
     return code == 1 ? ResizeMode::cropFit : code == 2 ? ResizeMode::letterbox : ResizeMode::stretch;
 }
 
-QString tr(const char *text) { return QCoreApplication::translate("BatchSettings", text); }
+// Named apart from the settings struct; the texts keep the settings' translation context.
+struct SettingsText {
+    Q_DECLARE_TR_FUNCTIONS(BatchSettings)
+};
 
 } // namespace
 
@@ -121,13 +124,13 @@ std::optional<QString> BatchSettings::validate() const
         return !trimmed.isEmpty() && trimmed != QLatin1String(notSelected);
     };
     if (!isChosen(inputFolder))
-        return tr("Please specify an input folder.");
+        return SettingsText::tr("Please specify an input folder.");
     if (!isChosen(outputFolder))
-        return tr("Please specify an output folder.");
+        return SettingsText::tr("Please specify an output folder.");
     if (cropEnabled && (cropW < 1 || cropH < 1))
-        return tr("Crop size (W, H) must be greater than 0.");
+        return SettingsText::tr("Crop size (W, H) must be greater than 0.");
     if (resizeEnabled && (resizeW < 1 || resizeH < 1))
-        return tr("Resize dimensions (W, H) must be greater than 0.");
+        return SettingsText::tr("Resize dimensions (W, H) must be greater than 0.");
     return std::nullopt;
 }
 

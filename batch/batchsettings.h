@@ -48,38 +48,53 @@ enum class BatchFileFormat { jpg, png, tiff, heic };
 template <typename Enum> struct BatchChoice {
     Enum value;
     std::string_view cliName;
-    const char *uiText;
+    const char *uiText; // translated in the batch dialog's context
 };
 
 inline constexpr std::array<BatchChoice<BatchInputFormat>, 6> batchInputFormats{{
-    {BatchInputFormat::sbs, "sbs", "SBS Image"},
-    {BatchInputFormat::spatial, "spatial", "Spatial Photo"},
-    {BatchInputFormat::separate, "separate", "Separate L/R Images"},
-    {BatchInputFormat::mpo, "mpo", "MPO Image"},
-    {BatchInputFormat::jps, "jps", "JPS/PNS Image"},
-    {BatchInputFormat::overUnder, "over-under", "Over/Under Image"},
+    {BatchInputFormat::sbs, "sbs", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "SBS Image")},
+    {BatchInputFormat::spatial, "spatial", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Spatial Photo")},
+    {BatchInputFormat::separate, "separate",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Separate L/R Images")},
+    {BatchInputFormat::mpo, "mpo", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "MPO Image")},
+    {BatchInputFormat::jps, "jps", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "JPS/PNS Image")},
+    {BatchInputFormat::overUnder, "over-under",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Over/Under Image")},
 }};
 
 inline constexpr std::array<BatchChoice<BatchOutputFormat>, 19> batchOutputFormats{{
-    {BatchOutputFormat::sbs, "sbs", "SBS Image"},
-    {BatchOutputFormat::anaglyphGray, "anaglyph-gray", "Gray Anaglyph"},
-    {BatchOutputFormat::anaglyphColor, "anaglyph-color", "Color Anaglyph"},
-    {BatchOutputFormat::anaglyphDubois, "anaglyph-dubois", "Dubois Anaglyph"},
-    {BatchOutputFormat::halfSBS, "half-sbs", "Half SBS"},
-    {BatchOutputFormat::spatial, "spatial", "Spatial Photo"},
-    {BatchOutputFormat::separate, "separate", "Separate L/R Images"},
-    {BatchOutputFormat::imageBorder, "border", "Image with Border"},
-    {BatchOutputFormat::mpo, "mpo", "MPO (3-D camera)"},
-    {BatchOutputFormat::jps, "jps", "JPS (stereo JPEG)"},
-    {BatchOutputFormat::overUnder, "over-under", "Over/Under"},
-    {BatchOutputFormat::halfOverUnder, "half-over-under", "Half Over/Under"},
-    {BatchOutputFormat::rowInterlaced, "row-interlaced", "Row Interlaced"},
-    {BatchOutputFormat::columnInterlaced, "column-interlaced", "Column Interlaced"},
-    {BatchOutputFormat::checkerboard, "checkerboard", "Checkerboard"},
-    {BatchOutputFormat::anaglyphDuboisAmberBlue, "anaglyph-dubois-amber-blue", "Dubois Amber-Blue Anaglyph"},
-    {BatchOutputFormat::anaglyphDuboisGreenMagenta, "anaglyph-dubois-green-magenta", "Dubois Green-Magenta Anaglyph"},
-    {BatchOutputFormat::anaglyphHalfColor, "anaglyph-half-color", "Half Color Anaglyph"},
-    {BatchOutputFormat::anaglyphOptimized, "anaglyph-optimized", "Optimized Anaglyph"},
+    {BatchOutputFormat::sbs, "sbs", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "SBS Image")},
+    {BatchOutputFormat::anaglyphGray, "anaglyph-gray",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Gray Anaglyph")},
+    {BatchOutputFormat::anaglyphColor, "anaglyph-color",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Color Anaglyph")},
+    {BatchOutputFormat::anaglyphDubois, "anaglyph-dubois",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Dubois Anaglyph")},
+    {BatchOutputFormat::halfSBS, "half-sbs", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Half SBS")},
+    {BatchOutputFormat::spatial, "spatial", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Spatial Photo")},
+    {BatchOutputFormat::separate, "separate",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Separate L/R Images")},
+    {BatchOutputFormat::imageBorder, "border",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Image with Border")},
+    {BatchOutputFormat::mpo, "mpo", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "MPO (3-D camera)")},
+    {BatchOutputFormat::jps, "jps", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "JPS (stereo JPEG)")},
+    {BatchOutputFormat::overUnder, "over-under", QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Over/Under")},
+    {BatchOutputFormat::halfOverUnder, "half-over-under",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Half Over/Under")},
+    {BatchOutputFormat::rowInterlaced, "row-interlaced",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Row Interlaced")},
+    {BatchOutputFormat::columnInterlaced, "column-interlaced",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Column Interlaced")},
+    {BatchOutputFormat::checkerboard, "checkerboard",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Checkerboard")},
+    {BatchOutputFormat::anaglyphDuboisAmberBlue, "anaglyph-dubois-amber-blue",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Dubois Amber-Blue Anaglyph")},
+    {BatchOutputFormat::anaglyphDuboisGreenMagenta, "anaglyph-dubois-green-magenta",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Dubois Green-Magenta Anaglyph")},
+    {BatchOutputFormat::anaglyphHalfColor, "anaglyph-half-color",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Half Color Anaglyph")},
+    {BatchOutputFormat::anaglyphOptimized, "anaglyph-optimized",
+     QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Optimized Anaglyph")},
 }};
 
 // The CLI name doubles as the file extension written.
@@ -119,7 +134,8 @@ struct BatchResizeSettings {
 
 struct BatchSettings {
     // What a folder label shows before a folder is chosen; it never counts as a folder.
-    static constexpr const char *notSelected = "(Not selected)";
+    static constexpr const char *notSelected =
+        QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "(Not selected)");
 
     QString inputFolder;
     QString outputFolder;

@@ -32,9 +32,12 @@ namespace Vorel {
 namespace {
 
 // The same wording as the window's resize sheet, in ResizeMode order.
-const char *const resizeModeTexts[] = {"Resize to specified size without maintaining aspect ratio",
-                                       "Maintain aspect ratio - Crop the inside",
-                                       "Maintain aspect ratio - Fill in the missing parts with black"};
+const char *const resizeModeTexts[] = {
+    QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController",
+                      "Resize to specified size without maintaining aspect ratio"),
+    QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController", "Maintain aspect ratio - Crop the inside"),
+    QT_TRANSLATE_NOOP("Vorel::BatchSettingsViewController",
+                      "Maintain aspect ratio - Fill in the missing parts with black")};
 
 QString numberText(double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); }
 
@@ -164,7 +167,8 @@ QWidget *BatchSettingsViewController::makeAdjustmentGroup()
 
     manualAdjCheck = new QCheckBox(tr("Manual adjustment"));
     grid->addWidget(manualAdjCheck, 3, 0);
-    const char *const captions[] = {"H (%)", "V (%)", "Rotation (°)", "Scale (%)"};
+    const char *const captions[] = {QT_TR_NOOP("H (%)"), QT_TR_NOOP("V (%)"), QT_TR_NOOP("Rotation (°)"),
+                                    QT_TR_NOOP("Scale (%)")};
     QList<QWidget *> manualControls;
     // Two rows of two: caption, field, caption, field.
     for (size_t i = 0; i < manualFields.size(); ++i) {
@@ -186,7 +190,7 @@ QWidget *BatchSettingsViewController::makeCropGroup()
     auto *grid = new QGridLayout(group);
     cropCheck = new QCheckBox(tr("Crop (pixels)"));
     grid->addWidget(cropCheck, 0, 0, 1, 4);
-    const char *const captions[] = {"X", "Y", "W", "H"};
+    const char *const captions[] = {QT_TR_NOOP("X"), QT_TR_NOOP("Y"), QT_TR_NOOP("W"), QT_TR_NOOP("H")};
     QList<QWidget *> controls;
     for (size_t i = 0; i < cropFields.size(); ++i) {
         cropFields[i] = numberField();
@@ -238,8 +242,9 @@ QWidget *BatchSettingsViewController::makeSpatialGroup()
 {
     auto *group = new QGroupBox(tr("Spatial Photo"));
     auto *grid = new QGridLayout(group);
-    const std::pair<const char *, const char *> rows[] = {
-        {"Horizontal FOV", "degree"}, {"Disparity Adjustment", ""}, {"StereoBase", "m"}};
+    const std::pair<const char *, const char *> rows[] = {{QT_TR_NOOP("Horizontal FOV"), QT_TR_NOOP("degree")},
+                                                          {QT_TR_NOOP("Disparity Adjustment"), ""},
+                                                          {QT_TR_NOOP("StereoBase"), QT_TR_NOOP("m")}};
     QLineEdit **fields[] = {&fovField, &adjField, &stbField};
     for (int i = 0; i < 3; ++i) {
         *fields[i] = numberField();

@@ -15,12 +15,11 @@
 #include "formats/imagewriter.h"
 #include "formats/spatialphotoerror.h"
 #include "formats/stereofilewriter.h"
+#include "batch/batchtext.h"
 
 namespace Vorel {
 
 namespace {
-
-QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
 
 // A stage that cannot go on; its text becomes the job's error.
 struct StageFailure {
@@ -48,11 +47,11 @@ void load(StereoImageProcessor &proc, const BatchSettings &settings, const Batch
 {
     const bool separate = job.inputs.size() == 2;
     if (job.inputs.size() == 1 && settings.inputFormat == BatchInputFormat::separate && !job.openAsWindow)
-        throw StageFailure{tr("No right image to pair with %1").arg(QFileInfo(job.inputs[0]).fileName())};
+        throw StageFailure{BatchText::tr("No right image to pair with %1").arg(QFileInfo(job.inputs[0]).fileName())};
     const StereoEntry entry{job.inputs.value(0), separate ? job.inputs[1] : QString()};
     if (job.openAsWindow) {
         if (!openEntry(proc, entry))
-            throw StageFailure{tr("Cannot open %1").arg(job.displayName())};
+            throw StageFailure{BatchText::tr("Cannot open %1").arg(job.displayName())};
         return;
     }
     try {
@@ -68,7 +67,7 @@ void writeOutputs(const StereoImageProcessor &proc, const BatchSettings &setting
     const QString &path = job.outputs.value(0);
     const auto written = [&](const std::optional<QImage> &picture, const QString &target) {
         if (!picture || !writeImage(*picture, target, proc.cameraExif))
-            throw StageFailure{tr("Could not save %1").arg(QFileInfo(target).fileName())};
+            throw StageFailure{BatchText::tr("Could not save %1").arg(QFileInfo(target).fileName())};
     };
     if (const std::optional<DisplayMode> mode = displayModeWritten(settings.outputFormat)) {
         written(proc.renderDisplayPicture(*mode, false), path);
@@ -97,7 +96,7 @@ void writeOutputs(const StereoImageProcessor &proc, const BatchSettings &setting
         const StereoFileFormat format =
             settings.outputFormat == BatchOutputFormat::mpo ? StereoFileFormat::mpo : StereoFileFormat::jps;
         if (!pair)
-            throw StageFailure{tr("Could not save %1").arg(QFileInfo(path).fileName())};
+            throw StageFailure{BatchText::tr("Could not save %1").arg(QFileInfo(path).fileName())};
         try {
             writeStereoFile(pair->left, pair->right, path, format, proc.cameraExif);
         } catch (const StereoFileError &error) {
@@ -130,7 +129,7 @@ void runStages(const BatchSettings &settings, const BatchJob &job, const ImageBo
         if (const std::optional<QImage> aligned = autoAlign(*proc.leftOriginal, *proc.rightOriginal))
             proc.loadSideBySide(*aligned, false);
         else
-            warnings << tr("Automatic alignment found nothing to match; the pair was not aligned.");
+            warnings << BatchText::tr("Automatic alignment found nothing to match; the pair was not aligned.");
         checkpoint();
     }
     if (settings.autoAdjCol) {
@@ -142,12 +141,12 @@ void runStages(const BatchSettings &settings, const BatchJob &job, const ImageBo
         proc.adjustment = StereoAdjustment{settings.manualH, settings.manualV, settings.manualRot, settings.manualScale};
     if (settings.cropEnabled && settings.cropW >= 1 && settings.cropH >= 1) {
         if (!proc.cropPair(QRect(settings.cropX, settings.cropY, settings.cropW, settings.cropH)))
-            throw StageFailure{tr("The crop rectangle lies outside the picture.")};
+            throw StageFailure{BatchText::tr("The crop rectangle lies outside the picture.")};
         checkpoint();
     }
     if (settings.resizeEnabled) {
         if (!proc.resizePair(settings.resizeW, settings.resizeH, settings.resizeMode))
-            throw StageFailure{tr("Could not resize the pair.")};
+            throw StageFailure{BatchText::tr("Could not resize the pair.")};
         checkpoint();
     }
     writeOutputs(proc, settings, job, border);
@@ -170,7 +169,7 @@ JobResult runJobPipeline(const BatchSettings &settings, const BatchJob &job, con
         result.status = JobStatus::cancelled;
     } catch (const std::bad_alloc &) {
         result.status = JobStatus::failed;
-        result.error = tr("Not enough memory for %1").arg(job.displayName());
+        result.error = BatchText::tr("Not enough memory for %1").arg(job.displayName());
     }
     result.seconds = double(clock.nsecsElapsed()) / 1e9;
     return result;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/namepairing.h"
+#include "batch/batchtext.h"
 
 #include <map>
 #include <optional>
@@ -11,8 +12,6 @@
 namespace Vorel {
 
 namespace {
-
-QString tr(const char *text) { return QCoreApplication::translate("BatchProcessor", text); }
 
 // The two name endings of one convention, matched in any case.
 struct Marker {
@@ -57,8 +56,8 @@ QString missingPartner(const MarkedName &name, const QString &path)
         ending = ending.toUpper();
     const QString partner = QFileInfo(name.stem).fileName() + ending;
     const QString file = QFileInfo(path).fileName();
-    return name.isLeft ? tr("No right image %1 for %2").arg(partner, file)
-                       : tr("No left image %1 for %2").arg(partner, file);
+    return name.isLeft ? BatchText::tr("No right image %1 for %2").arg(partner, file)
+                       : BatchText::tr("No left image %1 for %2").arg(partner, file);
 }
 
 void pairFolders(const QStringList &leftFiles, const QStringList &rightFiles, std::vector<NamePairing> &out)
@@ -69,7 +68,7 @@ void pairFolders(const QStringList &leftFiles, const QStringList &rightFiles, st
     for (const QString &left : leftFiles) {
         const auto right = rights.find(QFileInfo(left).fileName());
         if (right == rights.end()) {
-            out.push_back(unpairedFile(left, tr("No file of the same name in the r folder")));
+            out.push_back(unpairedFile(left, BatchText::tr("No file of the same name in the r folder")));
             continue;
         }
         out.push_back(pairOf(left, right->second, QFileInfo(left).completeBaseName()));
@@ -77,7 +76,7 @@ void pairFolders(const QStringList &leftFiles, const QStringList &rightFiles, st
     }
     for (const QString &right : rightFiles)
         if (rights.count(QFileInfo(right).fileName()))
-            out.push_back(unpairedFile(right, tr("No file of the same name in the l folder")));
+            out.push_back(unpairedFile(right, BatchText::tr("No file of the same name in the l folder")));
 }
 
 } // namespace
@@ -105,15 +104,17 @@ std::vector<NamePairing> pairByName(const QStringList &files, const QStringList 
     for (qsizetype i = 0; i < files.size(); ++i) {
         const std::optional<MarkedName> &name = names[size_t(i)];
         if (!name) {
-            out.push_back(unpairedFile(files[i], tr("The name of %1 does not end in _L, _R, -left or -right")
-                                                 .arg(QFileInfo(files[i]).fileName())));
+            out.push_back(unpairedFile(files[i],
+                                       BatchText::tr("The name of %1 does not end in _L, _R, -left or -right")
+                                           .arg(QFileInfo(files[i]).fileName())));
             continue;
         }
         const Slot &slot = partners[{name->stem, name->marker}];
         const qsizetype own = name->isLeft ? slot.left : slot.right;
         const qsizetype partner = name->isLeft ? slot.right : slot.left;
         if (own != i)
-            out.push_back(unpairedFile(files[i], tr("%1 is paired instead").arg(QFileInfo(files[own]).fileName())));
+            out.push_back(
+                unpairedFile(files[i], BatchText::tr("%1 is paired instead").arg(QFileInfo(files[own]).fileName())));
         else if (partner < 0)
             out.push_back(unpairedFile(files[i], missingPartner(*name, files[i])));
         else if (i < partner)

@@ -22,9 +22,9 @@ struct BorderLayoutInfo {
 };
 
 inline constexpr std::array<BorderLayoutInfo, 3> borderLayouts{{
-    {BorderLayoutKind::sbs, "SBS"},
-    {BorderLayoutKind::lrl, "LRL"},
-    {BorderLayoutKind::lrrl, "LR/RL"},
+    {BorderLayoutKind::sbs, QT_TRANSLATE_NOOP("Vorel::ImageBorderSettingsDialog", "SBS")},
+    {BorderLayoutKind::lrl, QT_TRANSLATE_NOOP("Vorel::ImageBorderSettingsDialog", "LRL")},
+    {BorderLayoutKind::lrrl, QT_TRANSLATE_NOOP("Vorel::ImageBorderSettingsDialog", "LR/RL")},
 }};
 
 // Any other code than 0 or 1 reads as the 2 by 2 grid.

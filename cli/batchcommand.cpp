@@ -17,6 +17,7 @@
 #include "cli/pipelineoptions.h"
 #include "cli/stopsignals.h"
 #include "core/preferences.h"
+#include "cli/clitext.h"
 
 namespace Vorel {
 
@@ -24,8 +25,6 @@ namespace {
 
 constexpr int exitFailure = 1;
 constexpr int exitStopped = 130; // as a shell reports a process ended by Ctrl-C
-
-QString tr(const char *text) { return QCoreApplication::translate("vorel-cli", text); }
 
 void printError(const QString &text) { std::cerr << "vorel-cli: " << text.toStdString() << '\n'; }
 
@@ -35,7 +34,8 @@ void printJobs(const std::vector<BatchJob> &jobs)
     for (const BatchJob &job : jobs) {
         QStringList outputs;
         for (const QString &output : job.outputs)
-            outputs << QFileInfo(output).fileName() + (QFileInfo::exists(output) ? tr(" (exists)") : QString());
+            outputs << QFileInfo(output).fileName() +
+                    (QFileInfo::exists(output) ? CliText::tr(" (exists)") : QString());
         std::cout << job.displayName().toStdString() << " -> " << outputs.join(QStringLiteral(", ")).toStdString()
                   << '\n';
     }
@@ -46,13 +46,13 @@ QString existingOutputsText(const QStringList &existing)
 {
     QString text = overwriteQuestion(existing);
     text.truncate(text.lastIndexOf(QLatin1Char('\n')) + 1);
-    return text + tr("Pass --yes to overwrite them or --skip-existing to keep them.");
+    return text + CliText::tr("Pass --yes to overwrite them or --skip-existing to keep them.");
 }
 
 BatchSettings batchSettings(const PipelineOptions &options)
 {
     if (options.positional.size() != 2)
-        throw UsageError{tr("expected INPUT_DIR OUTPUT_DIR")};
+        throw UsageError{CliText::tr("expected INPUT_DIR OUTPUT_DIR")};
     BatchSettings settings = options.settings(options.stored ? BatchSettings::load(Preferences()) : BatchSettings());
     settings.inputFolder = QDir(options.positional[0]).absolutePath();
     settings.outputFolder = QDir(options.positional[1]).absolutePath();
@@ -66,7 +66,7 @@ int process(const BatchSettings &settings, const std::vector<BatchJob> &jobs, co
 {
     JobLog log;
     if (!log.open(options.logPath)) {
-        printError(tr("cannot open the log %1").arg(options.logPath));
+        printError(CliText::tr("cannot open the log %1").arg(options.logPath));
         return exitFailure;
     }
     BatchProcessor processor;
@@ -110,7 +110,7 @@ int runBatch(const QStringList &arguments)
     const BatchSettings settings = batchSettings(options);
     const std::vector<BatchJob> allJobs = listBatchJobs(settings);
     if (allJobs.empty()) {
-        printError(tr("No target image files found in the input folder."));
+        printError(CliText::tr("No target image files found in the input folder."));
         return exitFailure;
     }
     const std::vector<BatchJob> jobs = shardJobs(allJobs, options.shard);
@@ -125,7 +125,7 @@ int runBatch(const QStringList &arguments)
         }
     }
     if (!QDir().mkpath(settings.outputFolder)) {
-        printError(tr("cannot create the output folder %1").arg(settings.outputFolder));
+        printError(CliText::tr("cannot create the output folder %1").arg(settings.outputFolder));
         return exitFailure;
     }
     return process(settings, jobs, options);
@@ -133,15 +133,15 @@ int runBatch(const QStringList &arguments)
 
 QString batchUsage()
 {
-    return tr("usage: vorel-cli batch [options] INPUT_DIR OUTPUT_DIR\n") + optionsHelp(CliCommand::batch) +
-           tr("Jobs: the folder's jpg, jpeg, png, tif(f), heic, mpo, jps and pns files in natural name order,\n"
-              "paired one after another for --input separate, or by name with --pair-by-name (a_L/a_R,\n"
-              "a-left/a-right in any case, and same-named files in the l/ and r/ sub-folders; a file\n"
-              "without a partner is skipped with the reason). Outputs are named after the (first) input,\n"
-              "or after the name both files of a named pair share.\n"
-              "Without --stored: --fov 63.4 --disparity-adj 200 --stereo-base 0.01924.\n"
-              "Exit status: 0 every job written or skipped as existing, 1 a job failed, 2 usage error,\n"
-              "130 stopped by SIGINT or SIGTERM (between stages; no partial file stays).\n");
+    return CliText::tr("usage: vorel-cli batch [options] INPUT_DIR OUTPUT_DIR\n") + optionsHelp(CliCommand::batch) +
+        CliText::tr("Jobs: the folder's jpg, jpeg, png, tif(f), heic, mpo, jps and pns files in natural name order,\n"
+                    "paired one after another for --input separate, or by name with --pair-by-name (a_L/a_R,\n"
+                    "a-left/a-right in any case, and same-named files in the l/ and r/ sub-folders; a file\n"
+                    "without a partner is skipped with the reason). Outputs are named after the (first) input,\n"
+                    "or after the name both files of a named pair share.\n"
+                    "Without --stored: --fov 63.4 --disparity-adj 200 --stereo-base 0.01924.\n"
+                    "Exit status: 0 every job written or skipped as existing, 1 a job failed, 2 usage error,\n"
+                    "130 stopped by SIGINT or SIGTERM (between stages; no partial file stays).\n");
 }
 
 } // namespace Vorel

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include "cli/joblog.h"
+#include "cli/clitext.h"
 
 namespace Vorel {
 
@@ -14,8 +15,6 @@ namespace {
 
 constexpr int barWidth = 24;
 constexpr qsizetype nameWidth = 32;
-
-QString tr(const char *text) { return QCoreApplication::translate("vorel-cli", text); }
 
 QString clockTime(double seconds)
 {
@@ -38,7 +37,7 @@ void BatchProgress::drawBar(size_t index, const QString &name) const
         worked ? clockTime(workSeconds / double(worked) * double(total - done)) : QStringLiteral("--:--");
     const QString shownName = name.size() > nameWidth ? QStringLiteral("…") + name.right(nameWidth - 1) : name;
     std::cerr << '\r'
-              << tr("[%1] %2/%3 %4  %5 elapsed, %6 left")
+              << CliText::tr("[%1] %2/%3 %4  %5 elapsed, %6 left")
                      .arg(bar)
                      .arg(index + 1)
                      .arg(total)
@@ -86,7 +85,7 @@ void BatchProgress::finish(bool stopped)
 {
     if (terminal)
         std::cerr << "\r\x1b[K";
-    std::cerr << tr("%1 of %2 jobs done in %3: %4 written, %5 skipped as existing, %6 failed")
+    std::cerr << CliText::tr("%1 of %2 jobs done in %3: %4 written, %5 skipped as existing, %6 failed")
                      .arg(done)
                      .arg(total)
                      .arg(clockTime(double(clock.elapsed()) / 1000))
@@ -96,16 +95,16 @@ void BatchProgress::finish(bool stopped)
                      .toStdString()
               << '\n';
     if (stopped)
-        std::cerr << tr("Processing aborted.").toStdString() << '\n';
+        std::cerr << CliText::tr("Processing aborted.").toStdString() << '\n';
     const auto list = [](const char *title, const std::vector<std::pair<QString, QString>> &jobs) {
         if (jobs.empty())
             return;
-        std::cerr << tr(title).toStdString() << '\n';
+        std::cerr << CliText::tr(title).toStdString() << '\n';
         for (const auto &[name, reason] : jobs)
             std::cerr << "  " << name.toStdString() << ": " << reason.toStdString() << '\n';
     };
-    list("Skipped without a partner:", unpaired);
-    list("Failed:", failures);
+    list(QT_TRANSLATE_NOOP("VorelCli", "Skipped without a partner:"), unpaired);
+    list(QT_TRANSLATE_NOOP("VorelCli", "Failed:"), failures);
 }
 
 } // namespace Vorel

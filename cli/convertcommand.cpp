@@ -13,12 +13,11 @@
 #include "batch/jobpipeline.h"
 #include "cli/pipelineoptions.h"
 #include "core/preferences.h"
+#include "cli/clitext.h"
 
 namespace Vorel {
 
 namespace {
-
-QString tr(const char *text) { return QCoreApplication::translate("vorel-cli", text); }
 
 // Asks on the terminal; without one (scripts, CI) an existing file is never replaced silently.
 bool mayOverwrite(const QString &path)
@@ -27,7 +26,7 @@ bool mayOverwrite(const QString &path)
         return true;
     if (!isatty(STDIN_FILENO))
         return false;
-    std::cerr << tr("Overwrite %1? [y/N] ").arg(path).toStdString() << std::flush;
+    std::cerr << CliText::tr("Overwrite %1? [y/N] ").arg(path).toStdString() << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
@@ -51,11 +50,11 @@ BatchJob convertJob(const PipelineOptions &options, const BatchSettings &setting
     const QStringList &paths = options.positional;
     const bool separateInput = settings.inputFormat == BatchInputFormat::separate && options.inputGiven;
     if (paths.size() == 3 && options.inputGiven && !separateInput)
-        throw UsageError{tr("two inputs are a separate pair; --input must be separate or left out")};
+        throw UsageError{CliText::tr("two inputs are a separate pair; --input must be separate or left out")};
     if (separateInput && paths.size() != 3)
-        throw UsageError{tr("a separate pair needs LEFT RIGHT OUTPUT")};
+        throw UsageError{CliText::tr("a separate pair needs LEFT RIGHT OUTPUT")};
     if (paths.size() != 2 && paths.size() != 3)
-        throw UsageError{tr("expected INPUT [RIGHT] OUTPUT")};
+        throw UsageError{CliText::tr("expected INPUT [RIGHT] OUTPUT")};
     BatchJob job;
     job.inputs = paths.mid(0, paths.size() - 1);
     job.outputs = outputPaths(paths.last(), settings);
@@ -78,7 +77,8 @@ int runConvert(const QStringList &arguments)
 
     for (const QString &output : job.outputs)
         if (!options.overwrite && !mayOverwrite(output)) {
-            std::cerr << "vorel-cli: " << tr("%1 exists; pass --yes to overwrite it").arg(output).toStdString() << '\n';
+            std::cerr << "vorel-cli: " << CliText::tr("%1 exists; pass --yes to overwrite it").arg(output).toStdString()
+                      << '\n';
             return 1;
         }
     const JobResult result = runJobPipeline(settings, job, ImageBorderSettings::load(preferences), {});
@@ -93,12 +93,12 @@ int runConvert(const QStringList &arguments)
 
 QString convertUsage()
 {
-    return tr("usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n") + optionsHelp(CliCommand::convert) +
-           tr("The spatial parameters default to the values last used in the window. The extension\n"
-              "of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG); --output mpo\n"
-              "and jps always write JPEG data. INPUT files ending in .jps or .pns are read as JPS.\n"
-              "Outputs keep the camera Exif of INPUT (of LEFT for a pair) unless --strip-metadata.\n"
-              "Exit status: 0 written, 1 the work failed, 2 usage error.\n");
+    return CliText::tr("usage: vorel-cli convert [options] INPUT [RIGHT] OUTPUT\n") + optionsHelp(CliCommand::convert) +
+        CliText::tr("The spatial parameters default to the values last used in the window. The extension\n"
+                    "of OUTPUT picks the encoding: jpg/jpeg, png, tif/tiff, heic, bmp (else PNG); --output mpo\n"
+                    "and jps always write JPEG data. INPUT files ending in .jps or .pns are read as JPS.\n"
+                    "Outputs keep the camera Exif of INPUT (of LEFT for a pair) unless --strip-metadata.\n"
+                    "Exit status: 0 written, 1 the work failed, 2 usage error.\n");
 }
 
 } // namespace Vorel

@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include "cli/clitext.h"
 #include "cli/pipelineoptions.h"
 #include "core/preferences.h"
 #include "photos/photolibrary.h"
@@ -58,9 +59,9 @@ int runLibrary(const QStringList &arguments)
     const bool thumbnails = rest.removeAll(QStringLiteral("--thumbnails")) > 0;
     for (const QString &argument : std::as_const(rest))
         if (argument.startsWith(QLatin1Char('-')))
-            throw UsageError{QStringLiteral("unknown option %1").arg(argument)};
+            throw UsageError{CliText::tr("unknown option %1").arg(argument)};
     if (rest.size() > 1)
-        throw UsageError{QStringLiteral("library takes at most one FOLDER")};
+        throw UsageError{CliText::tr("library takes at most one FOLDER")};
 
     QStringList files;
     if (rest.isEmpty()) {
@@ -72,7 +73,8 @@ int runLibrary(const QStringList &arguments)
     } else {
         const QFileInfo folder(rest.first());
         if (!folder.isDir()) {
-            std::cerr << "vorel-cli: not a folder: " << rest.first().toStdString() << '\n';
+            std::cerr << "vorel-cli: " << CliText::tr("not a folder: ").toStdString() << rest.first().toStdString()
+                      << '\n';
             return 1;
         }
         const QString album = QDir::cleanPath(folder.absoluteFilePath());
@@ -87,19 +89,18 @@ int runLibrary(const QStringList &arguments)
     const QStringList broken =
         fillThumbnails(ThumbnailCache(), files, {ThumbnailSize::normal, ThumbnailSize::large});
     for (const QString &path : broken)
-        std::cerr << "vorel-cli: no thumbnail for " << path.toStdString() << '\n';
+        std::cerr << "vorel-cli: " << CliText::tr("no thumbnail for ").toStdString() << path.toStdString() << '\n';
     return broken.isEmpty() ? 0 : 1;
 }
 
 QString libraryUsage()
 {
-    return QStringLiteral(
-        "usage: vorel-cli library [--thumbnails] [FOLDER]\n"
-        "Without FOLDER, lists the photo library's albums (the Pictures folder as \"All Photos\", its\n"
-        "sub-folders, the folders added in the settings) as JSON lines {id, title, count, cover}.\n"
-        "With FOLDER, lists the pictures in it and its sub-folders as JSON lines\n"
-        "{path, album, kind, width, height}; kind is mpo, spatial, sbs, left, right or single.\n"
-        "  --thumbnails  also fill the shared thumbnail cache (normal and large) for them\n");
+    return CliText::tr("usage: vorel-cli library [--thumbnails] [FOLDER]\n"
+                       "Without FOLDER, lists the photo library's albums (the Pictures folder as \"All Photos\", its\n"
+                       "sub-folders, the folders added in the settings) as JSON lines {id, title, count, cover}.\n"
+                       "With FOLDER, lists the pictures in it and its sub-folders as JSON lines\n"
+                       "{path, album, kind, width, height}; kind is mpo, spatial, sbs, left, right or single.\n"
+                       "  --thumbnails  also fill the shared thumbnail cache (normal and large) for them\n");
 }
 
 } // namespace Vorel

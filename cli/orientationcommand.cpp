@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "cli/clitext.h"
 #include "cli/pipelineoptions.h"
 #include "formats/orientationrewriterun.h"
 
@@ -13,11 +14,11 @@ namespace Vorel {
 OrientationRequest parseOrientationArguments(const QStringList &arguments)
 {
     if (arguments.size() < 2)
-        throw UsageError {QStringLiteral("orientation expects a VALUE and at least one FILE")};
+        throw UsageError{CliText::tr("orientation expects a VALUE and at least one FILE")};
     bool ok = false;
     const int value = arguments.first().toInt(&ok);
     if (!ok || value < 1 || value > int(orientationLabels.size()))
-        throw UsageError {QStringLiteral("orientation VALUE must be 1..8, not \"%1\"").arg(arguments.first())};
+        throw UsageError{CliText::tr("orientation VALUE must be 1..8, not \"%1\"").arg(arguments.first())};
     return {value, arguments.mid(1)};
 }
 
@@ -32,11 +33,11 @@ bool runOrientation(const OrientationRequest &request)
 
 QString orientationUsage()
 {
-    QString usage = QStringLiteral("usage: vorel-cli orientation VALUE FILE...\n"
-                                   "Sets the EXIF orientation of each JPEG, PNG, TIFF or HEIC file in place.\n"
-                                   "VALUE:\n");
-    for (const char *label : orientationLabels)
-        usage += QStringLiteral("  %1\n").arg(QString::fromUtf8(label));
+    QString usage = CliText::tr("usage: vorel-cli orientation VALUE FILE...\n"
+                                "Sets the EXIF orientation of each JPEG, PNG, TIFF or HEIC file in place.\n"
+                                "VALUE:\n");
+    for (int value = 1; value <= int(orientationLabels.size()); ++value)
+        usage += QStringLiteral("  %1\n").arg(translatedOrientationLabel(value));
     return usage;
 }
 

@@ -5,12 +5,11 @@
 #include <QCoreApplication>
 
 #include "formats/spatialphotosettings.h"
+#include "cli/clitext.h"
 
 namespace Vorel {
 
 namespace {
-
-QString tr(const char *text) { return QCoreApplication::translate("vorel-cli", text); }
 
 constexpr std::array<BatchChoice<ResizeMode>, 3> resizeModes{{
     {ResizeMode::stretch, "stretch", "Stretch"},
@@ -31,20 +30,20 @@ Enum namedChoice(const std::array<BatchChoice<Enum>, N> &choices, const QString 
 {
     if (const std::optional<Enum> choice = batchChoiceNamed(choices, value))
         return *choice;
-    throw UsageError{tr("%1 expects %2, not \"%3\"").arg(option, choiceList(choices), value)};
+    throw UsageError{CliText::tr("%1 expects %2, not \"%3\"").arg(option, choiceList(choices), value)};
 }
 
 std::vector<double> numberList(const QString &option, const QString &value, qsizetype count)
 {
     const QStringList parts = value.split(QLatin1Char(','));
     if (parts.size() != count)
-        throw UsageError{tr("%1 expects %2 comma-separated numbers").arg(option).arg(count)};
+        throw UsageError{CliText::tr("%1 expects %2 comma-separated numbers").arg(option).arg(count)};
     std::vector<double> numbers;
     for (const QString &part : parts) {
         bool ok = false;
         numbers.push_back(part.trimmed().toDouble(&ok));
         if (!ok)
-            throw UsageError{tr("%1: \"%2\" is not a number").arg(option, part)};
+            throw UsageError{CliText::tr("%1: \"%2\" is not a number").arg(option, part)};
     }
     return numbers;
 }
@@ -52,7 +51,7 @@ std::vector<double> numberList(const QString &option, const QString &value, qsiz
 template <typename T> T checked(const std::optional<T> &value, const char *expectation, const QString &text)
 {
     if (!value)
-        throw UsageError{tr(expectation).arg(text)};
+        throw UsageError{CliText::tr(expectation).arg(text)};
     return *value;
 }
 
@@ -62,7 +61,7 @@ Shard parseShard(const QString &text)
     bool indexOk = false, countOk = false;
     const Shard shard{parts.value(0).toInt(&indexOk), parts.value(1).toInt(&countOk)};
     if (parts.size() != 2 || !indexOk || !countOk || shard.count < 1 || shard.index < 0 || shard.index >= shard.count)
-        throw UsageError{tr("--shard expects I/N with 0 <= I < N, not \"%1\"").arg(text)};
+        throw UsageError{CliText::tr("--shard expects I/N with 0 <= I < N, not \"%1\"").arg(text)};
     return shard;
 }
 
@@ -87,50 +86,66 @@ const std::vector<OptionRule> &optionRules()
 {
     static const std::vector<OptionRule> rules{
         {QStringLiteral("--input"), choiceList(batchInputFormats), false,
-         "how each input holds its pair (batch default: sbs; convert\n"
-         "default: as the window opens the file, two inputs a pair)",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "how each input holds its pair (batch default: sbs; convert\n"
+                           "default: as the window opens the file, two inputs a pair)"),
          [](PipelineOptions &o, const QString &v) {
              const BatchInputFormat format = namedChoice(batchInputFormats, QStringLiteral("--input"), v);
              o.inputGiven = true;
              o.settingEdits.push_back([format](BatchSettings &s) { s.inputFormat = format; });
          }},
         {QStringLiteral("--output"), choiceList(batchOutputFormats), false,
-         "what to write (default: sbs); border: framed as last set\n"
-         "up in the window; separate: NAME_L and NAME_R files;\n"
-         "mpo and jps: always JPEG data, left view first in an\n"
-         "MPO, right view first in a JPS",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "what to write (default: sbs); border: framed as last set\n"
+                           "up in the window; separate: NAME_L and NAME_R files;\n"
+                           "mpo and jps: always JPEG data, left view first in an\n"
+                           "MPO, right view first in a JPS"),
          editing([](const QString &v) -> Edit {
              const BatchOutputFormat format = namedChoice(batchOutputFormats, QStringLiteral("--output"), v);
              return [format](BatchSettings &s) { s.outputFormat = format; };
          })},
         {QStringLiteral("--format"), choiceList(batchFileFormats), true,
-         "file format of the outputs (default: jpg; spatial\n"
-         "output is always heic)",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "file format of the outputs (default: jpg; spatial\n"
+                           "output is always heic)"),
          editing([](const QString &v) -> Edit {
              const BatchFileFormat format = namedChoice(batchFileFormats, QStringLiteral("--format"), v);
              return [format](BatchSettings &s) { s.fileFormat = format; };
          })},
-        {QStringLiteral("--pair-by-name"), {}, true,
-         "separate input: pair NAME_L with NAME_R, NAME-left with\n"
-         "NAME-right (any case) and l/NAME with r/NAME instead of\n"
-         "consecutive files",
+        {QStringLiteral("--pair-by-name"),
+         {},
+         true,
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "separate input: pair NAME_L with NAME_R, NAME-left with\n"
+                           "NAME-right (any case) and l/NAME with r/NAME instead of\n"
+                           "consecutive files"),
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.pairByName = true; }; })},
-        {QStringLiteral("--strip-metadata"), {}, false,
-         "write no camera Exif (date, camera, lens, exposure, GPS)\n"
-         "into the outputs",
+        {QStringLiteral("--strip-metadata"),
+         {},
+         false,
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "write no camera Exif (date, camera, lens, exposure, GPS)\n"
+                           "into the outputs"),
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.stripMetadata = true; }; })},
-        {QStringLiteral("--swap"), {}, false, "exchange left and right",
+        {QStringLiteral("--swap"),
+         {},
+         false,
+         QT_TRANSLATE_NOOP("VorelCli", "exchange left and right"),
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.swapLR = true; }; })},
-        {QStringLiteral("--auto-align"), {}, false,
-         "align the views automatically (a pair without matches\n"
-         "is written unaligned, with a warning)",
+        {QStringLiteral("--auto-align"),
+         {},
+         false,
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "align the views automatically (a pair without matches\n"
+                           "is written unaligned, with a warning)"),
          editing([](const QString &) -> Edit { return [](BatchSettings &s) { s.autoAdj = true; }; })},
         {QStringLiteral("--color-ref"), QStringLiteral("left|right"), false,
-         "match the colours of the other view to this one, which\n"
-         "stays unchanged (left and right as shown, after --swap)",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "match the colours of the other view to this one, which\n"
+                           "stays unchanged (left and right as shown, after --swap)"),
          editing([](const QString &v) -> Edit {
              if (v != QLatin1String("left") && v != QLatin1String("right"))
-                 throw UsageError{tr("--color-ref expects left or right, not \"%1\"").arg(v)};
+                 throw UsageError{CliText::tr("--color-ref expects left or right, not \"%1\"").arg(v)};
              // Set, the colour-matching flag leaves the view shown on the right unchanged,
              // swapped or not (it corrects the left original unless it equals the swap flag).
              const bool rightStays = v == QLatin1String("right");
@@ -140,8 +155,9 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--adjust"), QStringLiteral("H,V,ROT,SCALE"), false,
-         "manual adjustment: offsets in percent of the width,\n"
-         "rotation in degrees, scale in percent",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "manual adjustment: offsets in percent of the width,\n"
+                           "rotation in degrees, scale in percent"),
          editing([](const QString &v) -> Edit {
              const std::vector<double> n = numberList(QStringLiteral("--adjust"), v, 4);
              return [n](BatchSettings &s) {
@@ -153,12 +169,13 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--crop"), QStringLiteral("X,Y,W,H"), false,
-         "cut this rectangle (pixels of the adjusted pair) from\n"
-         "both views",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "cut this rectangle (pixels of the adjusted pair) from\n"
+                           "both views"),
          editing([](const QString &v) -> Edit {
              const std::vector<double> n = numberList(QStringLiteral("--crop"), v, 4);
              if (n[0] < 0 || n[1] < 0 || n[2] < 1 || n[3] < 1)
-                 throw UsageError{tr("--crop expects X,Y at least 0 and W,H at least 1")};
+                 throw UsageError{CliText::tr("--crop expects X,Y at least 0 and W,H at least 1")};
              return [n](BatchSettings &s) {
                  s.cropEnabled = true;
                  s.cropX = int(n[0]);
@@ -168,7 +185,7 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--resize"), QStringLiteral("W,H[,") + choiceList(resizeModes) + QLatin1Char(']'), false,
-         "bring both views to W x H (default: stretch)",
+         QT_TRANSLATE_NOOP("VorelCli", "bring both views to W x H (default: stretch)"),
          editing([](const QString &v) -> Edit {
              QStringList parts = v.split(QLatin1Char(','));
              const ResizeMode mode = parts.size() == 3
@@ -176,7 +193,7 @@ const std::vector<OptionRule> &optionRules()
                                          : ResizeMode::stretch;
              const std::vector<double> n = numberList(QStringLiteral("--resize"), parts.join(QLatin1Char(',')), 2);
              if (n[0] < 1 || n[1] < 1)
-                 throw UsageError{tr("--resize expects a width and height of at least 1")};
+                 throw UsageError{CliText::tr("--resize expects a width and height of at least 1")};
              return [n, mode](BatchSettings &s) {
                  s.resizeEnabled = true;
                  s.resizeW = int(n[0]);
@@ -185,39 +202,56 @@ const std::vector<OptionRule> &optionRules()
              };
          })},
         {QStringLiteral("--fov"), QStringLiteral("F"), false,
-         "spatial output: horizontal field of view in degrees",
+         QT_TRANSLATE_NOOP("VorelCli", "spatial output: horizontal field of view in degrees"),
          editing([](const QString &v) -> Edit {
-             const double fov = checked(parseFieldOfView(v), "--fov expects degrees between 0 and 180, not \"%1\"", v);
+             const double fov =
+                 checked(parseFieldOfView(v),
+                         QT_TRANSLATE_NOOP("VorelCli", "--fov expects degrees between 0 and 180, not \"%1\""), v);
              return [fov](BatchSettings &s) { s.spatialFov = fov; };
          })},
         {QStringLiteral("--disparity-adj"), QStringLiteral("N"), false,
-         "spatial output: disparity adjustment",
-         editing([](const QString &v) -> Edit {
-             const int adj = checked(parseDisparityAdjustment(v), "--disparity-adj expects an integer, not \"%1\"", v);
+         QT_TRANSLATE_NOOP("VorelCli", "spatial output: disparity adjustment"), editing([](const QString &v) -> Edit {
+             const int adj =
+                 checked(parseDisparityAdjustment(v),
+                         QT_TRANSLATE_NOOP("VorelCli", "--disparity-adj expects an integer, not \"%1\""), v);
              return [adj](BatchSettings &s) { s.spatialAdj = adj; };
          })},
         {QStringLiteral("--stereo-base"), QStringLiteral("M"), false,
-         "spatial output: stereo base in metres",
-         editing([](const QString &v) -> Edit {
-             const double stb = checked(parseStereoBase(v), "--stereo-base expects metres above 0, not \"%1\"", v);
+         QT_TRANSLATE_NOOP("VorelCli", "spatial output: stereo base in metres"), editing([](const QString &v) -> Edit {
+             const double stb =
+                 checked(parseStereoBase(v),
+                         QT_TRANSLATE_NOOP("VorelCli", "--stereo-base expects metres above 0, not \"%1\""), v);
              return [stb](BatchSettings &s) { s.spatialStb = stb; };
          })},
-        {QStringLiteral("--yes"), {}, false, "overwrite existing outputs",
+        {QStringLiteral("--yes"),
+         {},
+         false,
+         QT_TRANSLATE_NOOP("VorelCli", "overwrite existing outputs"),
          [](PipelineOptions &o, const QString &) { o.overwrite = true; }},
-        {QStringLiteral("--stored"), {}, true,
-         "start from the settings the batch window saved last\n"
-         "(else from the defaults); the options given override them",
+        {QStringLiteral("--stored"),
+         {},
+         true,
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "start from the settings the batch window saved last\n"
+                           "(else from the defaults); the options given override them"),
          [](PipelineOptions &o, const QString &) { o.stored = true; }},
         {QStringLiteral("--shard"), QStringLiteral("I/N"), true,
-         "process only the jobs whose position in the job list is\n"
-         "I modulo N (I from 0 to N-1): N shards make one full run",
+         QT_TRANSLATE_NOOP("VorelCli",
+                           "process only the jobs whose position in the job list is\n"
+                           "I modulo N (I from 0 to N-1): N shards make one full run"),
          [](PipelineOptions &o, const QString &v) { o.shard = parseShard(v); }},
-        {QStringLiteral("--skip-existing"), {}, true,
-         "skip a job whose outputs all exist (resume a run)",
+        {QStringLiteral("--skip-existing"),
+         {},
+         true,
+         QT_TRANSLATE_NOOP("VorelCli", "skip a job whose outputs all exist (resume a run)"),
          [](PipelineOptions &o, const QString &) { o.skipExisting = true; }},
-        {QStringLiteral("--log"), QStringLiteral("FILE"), true, "append one JSON line per finished job to FILE",
+        {QStringLiteral("--log"), QStringLiteral("FILE"), true,
+         QT_TRANSLATE_NOOP("VorelCli", "append one JSON line per finished job to FILE"),
          [](PipelineOptions &o, const QString &v) { o.logPath = v; }},
-        {QStringLiteral("--dry-run"), {}, true, "list the jobs and their outputs on stdout, write nothing",
+        {QStringLiteral("--dry-run"),
+         {},
+         true,
+         QT_TRANSLATE_NOOP("VorelCli", "list the jobs and their outputs on stdout, write nothing"),
          [](PipelineOptions &o, const QString &) { o.dryRun = true; }},
     };
     return rules;
@@ -228,10 +262,10 @@ const OptionRule &ruleNamed(const QString &name, CliCommand command)
     for (const OptionRule &rule : optionRules())
         if (rule.name == name) {
             if (rule.batchOnly && command != CliCommand::batch)
-                throw UsageError{tr("%1 is an option of vorel-cli batch").arg(name)};
+                throw UsageError{CliText::tr("%1 is an option of vorel-cli batch").arg(name)};
             return rule;
         }
-    throw UsageError{tr("unknown option %1").arg(name)};
+    throw UsageError{CliText::tr("unknown option %1").arg(name)};
 }
 
 } // namespace
@@ -257,7 +291,7 @@ PipelineOptions parsePipelineOptions(const QStringList &arguments, CliCommand co
         QString value = eq > 0 ? argument.mid(eq + 1) : QString();
         if (!rule.valueName.isEmpty() && value.isNull()) {
             if (++i >= arguments.size())
-                throw UsageError{tr("%1 needs a value").arg(rule.name)};
+                throw UsageError{CliText::tr("%1 needs a value").arg(rule.name)};
             value = arguments[i];
         }
         rule.apply(options, value);
@@ -297,7 +331,8 @@ QString optionsHelp(CliCommand command)
         if (!rule.valueName.isEmpty())
             head += QLatin1Char(' ') + wrappedChoices(rule.valueName, head.size() + 1);
         head = head.size() < helpColumn ? head.leftJustified(helpColumn) : head + QLatin1Char('\n') + indent;
-        help += head + tr(rule.help).replace(QLatin1Char('\n'), QLatin1Char('\n') + indent) + QLatin1Char('\n');
+        help +=
+            head + CliText::tr(rule.help).replace(QLatin1Char('\n'), QLatin1Char('\n') + indent) + QLatin1Char('\n');
     }
     return help;
 }

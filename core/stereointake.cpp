@@ -16,13 +16,15 @@ namespace Vorel {
 
 namespace {
 
-QString tr(const char *text) { return QCoreApplication::translate("MainWindow", text); }
+struct IntakeText {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+};
 
 QImage readUpright(const QString &path)
 {
     std::optional<QImage> image = loadCorrectImageOriented(path);
     if (!image)
-        throw StereoIntakeError{tr("Cannot open %1").arg(QFileInfo(path).fileName())};
+        throw StereoIntakeError{IntakeText::tr("Cannot open %1").arg(QFileInfo(path).fileName())};
     return *std::move(image);
 }
 
@@ -46,12 +48,13 @@ void requireEvenSplit(const QImage &image, bool overUnder, const QString &path)
     if (extent >= 2 && extent % 2 == 0)
         return;
     const QString name = QFileInfo(path).fileName();
-    throw StereoIntakeError{overUnder ? tr("%1 cannot be an over/under picture: its height of %2 rows is odd.")
-                                            .arg(name)
-                                            .arg(image.height())
-                                      : tr("%1 cannot be a side-by-side pair: its width of %2 columns is odd.")
-                                            .arg(name)
-                                            .arg(image.width())};
+    throw StereoIntakeError{overUnder
+                                ? IntakeText::tr("%1 cannot be an over/under picture: its height of %2 rows is odd.")
+                                      .arg(name)
+                                      .arg(image.height())
+                                : IntakeText::tr("%1 cannot be a side-by-side pair: its width of %2 columns is odd.")
+                                      .arg(name)
+                                      .arg(image.width())};
 }
 
 // A JPS (PNS) picture as its descriptor says: views squeezed to half size are stretched back,
@@ -71,7 +74,7 @@ void loadJps(StereoImageProcessor &proc, const QString &path)
         image = image.scaled(image.width() * (layout.halfWidth ? 2 : 1), image.height() * (layout.halfHeight ? 2 : 1),
                              Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     if (image.isNull())
-        throw StereoIntakeError{tr("Cannot open %1").arg(QFileInfo(path).fileName())};
+        throw StereoIntakeError{IntakeText::tr("Cannot open %1").arg(QFileInfo(path).fileName())};
     if (overUnder)
         proc.loadOverUnder(image, layout.leftFirst);
     else
@@ -115,7 +118,7 @@ void loadSingleFile(StereoImageProcessor &proc, const QString &path, StereoFileK
     default: {
         const QImage image = readUpright(path);
         if (image.width() < 2) // no room for two halves
-            throw StereoIntakeError{tr("Cannot open %1").arg(QFileInfo(path).fileName())};
+            throw StereoIntakeError{IntakeText::tr("Cannot open %1").arg(QFileInfo(path).fileName())};
         proc.loadSideBySide(image, true);
         return;
     }

@@ -55,26 +55,28 @@ inline constexpr int gray = 0, colour = 1, duboisRedCyan = 2, duboisAmberBlue = 
 
 struct DisplayModeInfo {
     DisplayMode mode;
-    const char *uiText; // menu and panel text
+    const char *uiText; // menu and panel text, translated in the "DisplayMode" context
     int anaglyphKind;   // kind for renderAnaglyph, -1 when not an anaglyph
 };
 
 inline constexpr std::array<DisplayModeInfo, 15> displayModes{{
-    {DisplayMode::sbs, "Side by Side", -1},
-    {DisplayMode::anaglyph, "Gray Anaglyph", AnaglyphKind::gray},
-    {DisplayMode::anaglyphc, "Color Anaglyph", AnaglyphKind::colour},
-    {DisplayMode::anaglyphd, "Dubois Anaglyph", AnaglyphKind::duboisRedCyan},
-    {DisplayMode::hsbs, "Half SBS", -1},
-    {DisplayMode::imageBorder, "Image with Border", -1},
-    {DisplayMode::overUnder, "Over/Under", -1},
-    {DisplayMode::halfOverUnder, "Half Over/Under", -1},
-    {DisplayMode::rowInterlaced, "Row Interlaced", -1},
-    {DisplayMode::columnInterlaced, "Column Interlaced", -1},
-    {DisplayMode::checkerboard, "Checkerboard", -1},
-    {DisplayMode::anaglyphAmberBlue, "Dubois Amber-Blue Anaglyph", AnaglyphKind::duboisAmberBlue},
-    {DisplayMode::anaglyphGreenMagenta, "Dubois Green-Magenta Anaglyph", AnaglyphKind::duboisGreenMagenta},
-    {DisplayMode::anaglyphHalfColor, "Half Color Anaglyph", AnaglyphKind::halfColour},
-    {DisplayMode::anaglyphOptimized, "Optimized Anaglyph", AnaglyphKind::optimised},
+    {DisplayMode::sbs, QT_TRANSLATE_NOOP("DisplayMode", "Side by Side"), -1},
+    {DisplayMode::anaglyph, QT_TRANSLATE_NOOP("DisplayMode", "Gray Anaglyph"), AnaglyphKind::gray},
+    {DisplayMode::anaglyphc, QT_TRANSLATE_NOOP("DisplayMode", "Color Anaglyph"), AnaglyphKind::colour},
+    {DisplayMode::anaglyphd, QT_TRANSLATE_NOOP("DisplayMode", "Dubois Anaglyph"), AnaglyphKind::duboisRedCyan},
+    {DisplayMode::hsbs, QT_TRANSLATE_NOOP("DisplayMode", "Half SBS"), -1},
+    {DisplayMode::imageBorder, QT_TRANSLATE_NOOP("DisplayMode", "Image with Border"), -1},
+    {DisplayMode::overUnder, QT_TRANSLATE_NOOP("DisplayMode", "Over/Under"), -1},
+    {DisplayMode::halfOverUnder, QT_TRANSLATE_NOOP("DisplayMode", "Half Over/Under"), -1},
+    {DisplayMode::rowInterlaced, QT_TRANSLATE_NOOP("DisplayMode", "Row Interlaced"), -1},
+    {DisplayMode::columnInterlaced, QT_TRANSLATE_NOOP("DisplayMode", "Column Interlaced"), -1},
+    {DisplayMode::checkerboard, QT_TRANSLATE_NOOP("DisplayMode", "Checkerboard"), -1},
+    {DisplayMode::anaglyphAmberBlue, QT_TRANSLATE_NOOP("DisplayMode", "Dubois Amber-Blue Anaglyph"),
+     AnaglyphKind::duboisAmberBlue},
+    {DisplayMode::anaglyphGreenMagenta, QT_TRANSLATE_NOOP("DisplayMode", "Dubois Green-Magenta Anaglyph"),
+     AnaglyphKind::duboisGreenMagenta},
+    {DisplayMode::anaglyphHalfColor, QT_TRANSLATE_NOOP("DisplayMode", "Half Color Anaglyph"), AnaglyphKind::halfColour},
+    {DisplayMode::anaglyphOptimized, QT_TRANSLATE_NOOP("DisplayMode", "Optimized Anaglyph"), AnaglyphKind::optimised},
 }};
 
 // Interlaced pictures only work on physical pixels: they are shown 1:1, never scaled.

@@ -11,15 +11,6 @@
 
 namespace Vorel {
 
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ExifOrientationPanel", text);
-}
-
-} // namespace
-
 QFileDialog *ExifOrientationPanel::createChooser(QWidget *parent, PanelAccessoryView **accessory)
 {
     auto *chooser = new QFileDialog(parent, tr("Exif Orientation Rewrite"));

@@ -4,6 +4,8 @@
 // starts the rewrite of the chosen files in an OrientationRewriteDialog.
 #pragma once
 
+#include <QCoreApplication>
+
 class QFileDialog;
 class QWidget;
 
@@ -18,6 +20,9 @@ public:
 
     // The chooser as show() opens it, with the accessory placed under the file list.
     static QFileDialog *createChooser(QWidget *parent, PanelAccessoryView **accessory);
+
+    // Shared with the rewrite run's texts.
+    Q_DECLARE_TR_FUNCTIONS(ExifOrientationPanel)
 };
 
 } // namespace Vorel

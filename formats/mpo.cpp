@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/mpo.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include "formats/colourprofile.h"
@@ -33,8 +34,8 @@ qsizetype pictureStart(const QByteArray &bytes, qsizetype offset)
 
 QString MpoError::description() const
 {
-    return errorCode == invalidFile ? QStringLiteral("Invalid MPO file")
-                                    : QStringLiteral("Failed to extract MPO images");
+    return errorCode == invalidFile ? QCoreApplication::translate("MpoError", "Invalid MPO file")
+                                    : QCoreApplication::translate("MpoError", "Failed to extract MPO images");
 }
 
 std::pair<QImage, QImage> extractMPO(const QString &path)

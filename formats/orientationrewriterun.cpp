@@ -13,10 +13,9 @@ namespace Vorel {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ExifOrientationPanel", text);
-}
+struct OrientationText {
+    Q_DECLARE_TR_FUNCTIONS(ExifOrientationPanel)
+};
 
 } // namespace
 
@@ -26,7 +25,7 @@ ProcessResult rewriteOrientation(const QString &path, int orientation)
     try {
         ExifOrientationWriter::rewrite(path, orientation);
         result.success = true;
-        result.message = tr("Success (Orientation → %1)").arg(orientation);
+        result.message = OrientationText::tr("Success (Orientation → %1)").arg(orientation);
     } catch (const ExifOrientationWriter::WriterError &error) {
         result.message = error.description();
     }
@@ -47,12 +46,12 @@ QList<ProcessResult> rewriteOrientations(
 
 QString translatedOrientationLabel(int orientation)
 {
-    return tr(orientationLabels.at(orientation - 1));
+    return OrientationText::tr(orientationLabels.at(orientation - 1));
 }
 
 QString progressText(int filesDone, int fileCount)
 {
-    return tr("Processing %1 of %2 files").arg(filesDone).arg(fileCount);
+    return OrientationText::tr("Processing %1 of %2 files").arg(filesDone).arg(fileCount);
 }
 
 QString summaryText(const QList<ProcessResult> &results)
@@ -62,9 +61,9 @@ QString summaryText(const QList<ProcessResult> &results)
     const auto failures = results.size() - successes;
     QStringList lines;
     if (failures == 0)
-        lines << tr("✅ All %1 files written successfully").arg(results.size());
+        lines << OrientationText::tr("✅ All %1 files written successfully").arg(results.size());
     else
-        lines << tr("⚠️ %1 succeeded / %2 failed").arg(successes).arg(failures);
+        lines << OrientationText::tr("⚠️ %1 succeeded / %2 failed").arg(successes).arg(failures);
     for (const ProcessResult &r : results)
         lines << (r.success ? QStringLiteral("✅") : QStringLiteral("❌")) + QLatin1Char(' ') + r.fileName
                 + QStringLiteral("\n   → ") + r.message;

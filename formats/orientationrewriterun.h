@@ -15,14 +15,14 @@ namespace Vorel {
 
 // The EXIF orientation values in menu order; value = position + 1.
 inline constexpr std::array<const char *, 8> orientationLabels = {
-    "1 - No rotation (normal)",
-    "2 - Mirror horizontal",
-    "3 - Rotate 180°",
-    "4 - Mirror vertical",
-    "5 - Mirror horizontal + Rotate 270°",
-    "6 - Rotate 90° clockwise",
-    "7 - Mirror horizontal + Rotate 90°",
-    "8 - Rotate 270° clockwise",
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "1 - No rotation (normal)"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "2 - Mirror horizontal"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "3 - Rotate 180°"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "4 - Mirror vertical"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "5 - Mirror horizontal + Rotate 270°"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "6 - Rotate 90° clockwise"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "7 - Mirror horizontal + Rotate 90°"),
+    QT_TRANSLATE_NOOP("ExifOrientationPanel", "8 - Rotate 270° clockwise"),
 };
 
 struct ProcessResult {

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <set>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -247,17 +248,21 @@ ImagePair readSpatialPhoto(const QString &path)
         throw SpatialPhotoError(SpatialPhotoError::cannotOpenFile, path);
     const std::vector<heif_item_id> images = topLevelImages(context.get());
     if (images.size() < 2)
-        throw SpatialPhotoError(SpatialPhotoError::notASpatialPhoto,
-                                QStringLiteral("Does not contain two or more images (count=%1)").arg(images.size()));
+        throw SpatialPhotoError(
+            SpatialPhotoError::notASpatialPhoto,
+            QCoreApplication::translate("SpatialPhotoError", "Does not contain two or more images (count=%1)")
+                .arg(images.size()));
     std::pair<quint32, quint32> ids;
     try {
         const Meta meta(bytes);
         if (!stereoGroup(meta))
-            throw SpatialPhotoError(SpatialPhotoError::notASpatialPhoto, QStringLiteral("No stereo pair group found"));
+            throw SpatialPhotoError(SpatialPhotoError::notASpatialPhoto,
+                                    QCoreApplication::translate("SpatialPhotoError", "No stereo pair group found"));
         ids = leftAndRight(meta, images);
     } catch (const MalformedBoxes &) {
-        throw SpatialPhotoError(SpatialPhotoError::notASpatialPhoto,
-                                QStringLiteral("The container property cannot be retrieved."));
+        throw SpatialPhotoError(
+            SpatialPhotoError::notASpatialPhoto,
+            QCoreApplication::translate("SpatialPhotoError", "The container property cannot be retrieved."));
     }
     QByteArray profile; // an eye without a colour profile of its own is taken to share the left eye's
     const auto decode = [&](quint32 id) -> std::optional<QImage> {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/spatialphotoerror.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace Vorel {
@@ -11,17 +12,17 @@ QString SpatialPhotoError::description() const
     const QString fileName = QFileInfo(text).fileName();
     switch (errorKind) {
     case cannotOpenFile:
-        return QStringLiteral("Could not open the file: ") + fileName;
+        return QCoreApplication::translate("SpatialPhotoError", "Could not open the file: ") + fileName;
     case notASpatialPhoto:
-        return QStringLiteral("This is not a spartial photo: ") + text;
+        return QCoreApplication::translate("SpatialPhotoError", "This is not a spartial photo: ") + text;
     case cannotCreateDestination:
-        return QStringLiteral("Could not create the output destination: ") + fileName;
+        return QCoreApplication::translate("SpatialPhotoError", "Could not create the output destination: ") + fileName;
     case finalizationFailed:
-        return QStringLiteral("Failed to write spatial photo: ") + fileName;
+        return QCoreApplication::translate("SpatialPhotoError", "Failed to write spatial photo: ") + fileName;
     case imageExtractionFailed:
-        return QStringLiteral("Failed to retrieve left and right images.");
+        return QCoreApplication::translate("SpatialPhotoError", "Failed to retrieve left and right images.");
     case invalidImage:
-        return QStringLiteral("Could not convert NSImage to CGImage");
+        return QCoreApplication::translate("SpatialPhotoError", "Could not convert NSImage to CGImage");
     }
     return {};
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/stereofilewriter.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include "formats/imagewriter.h"
@@ -13,8 +14,9 @@ namespace Vorel {
 QString StereoFileError::description() const
 {
     const QString name = QFileInfo(filePath).fileName();
-    return errorCode == encodingFailed ? QStringLiteral("The stereo pair cannot be encoded for \"%1\"").arg(name)
-                                       : QStringLiteral("The file \"%1\" cannot be written").arg(name);
+    return errorCode == encodingFailed
+        ? QCoreApplication::translate("StereoFileError", "The stereo pair cannot be encoded for \"%1\"").arg(name)
+        : QCoreApplication::translate("StereoFileError", "The file \"%1\" cannot be written").arg(name);
 }
 
 void writeStereoFile(const QImage &left, const QImage &right, const QString &path, StereoFileFormat format,
