@@ -8,6 +8,7 @@
 #include <QApplication>
 
 #include "app/mainwindow.h"
+#include "app/translations.h"
 
 int main(int argc, char *argv[])
 {
@@ -17,6 +18,7 @@ int main(int argc, char *argv[])
         return 0;
     }
     QApplication app(argc, argv);
+    Vorel::installTranslations(app);
     // The X11 window class is "Vorel" from this name: the launcher's StartupWMClass.
     QApplication::setApplicationName(QStringLiteral("Vorel"));
     QApplication::setOrganizationName(QStringLiteral("Vorel"));

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#include "app/translations.h"
 #include "cli/batchcommand.h"
 #include "cli/convertcommand.h"
 #include "cli/librarycommand.h"
@@ -62,6 +63,7 @@ void printUsage()
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
+    Vorel::installTranslations(app);
     QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments == QStringList{QStringLiteral("--version")}) {
         std::cout << "vorel-cli " VOREL_VERSION "\n";

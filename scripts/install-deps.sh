@@ -14,6 +14,7 @@ packages=(
   parallel
   librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info xdg-utils
   libfile-mimeinfo-perl man-db dpkg-dev lintian
+  qt6-l10n-tools qt6-tools-dev qt6-translations-l10n
 )
 
 missing=()
