@@ -107,9 +107,10 @@ bool copyBorderScene(QImage &canvas, const BorderScene &scene)
         }
     });
 
-    for (const auto &[first, last] : paintedRows(scene, shift, canvas.height()))
-        parallelRows(last - first, [&](int64_t begin, int64_t end) {
-            paintBorderRegion(canvas, QRect(0, int(first + begin), canvas.width(), int(end - begin)), scene);
+    // Not a structured binding: clang before 16 cannot capture one in a lambda.
+    for (const auto &rows : paintedRows(scene, shift, canvas.height()))
+        parallelRows(rows.second - rows.first, [&](int64_t begin, int64_t end) {
+            paintBorderRegion(canvas, QRect(0, int(rows.first + begin), canvas.width(), int(end - begin)), scene);
         });
     return true;
 }
