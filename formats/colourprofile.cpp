@@ -3,6 +3,7 @@
 #include "formats/colourprofile.h"
 
 #include <map>
+#include <memory>
 #include <optional>
 
 #include <exiv2/exiv2.hpp>
@@ -206,7 +207,11 @@ QByteArray heifColourProfile(const heif_image_handle *handle)
             return icc;
     }
     heif_color_profile_nclx *nclx = nullptr;
-    if (heif_image_handle_get_nclx_color_profile(handle, &nclx).code != heif_error_Ok || !nclx)
+    const heif_error read = heif_image_handle_get_nclx_color_profile(handle, &nclx);
+    // The library may hand back the profile it allocated even when it reports an error.
+    const std::unique_ptr<heif_color_profile_nclx, void (*)(heif_color_profile_nclx *)> owned(
+        nclx, heif_nclx_color_profile_free);
+    if (read.code != heif_error_Ok || !nclx)
         return {};
     const std::optional<ToneCurve> curve = nclxToneCurve(nclx->transfer_characteristics);
     const bool srgbPrimaries = nclx->color_primaries == heif_color_primaries_ITU_R_BT_709_5 ||
@@ -217,7 +222,6 @@ QByteArray heifColourProfile(const heif_image_handle *handle)
                                  nclx->color_primary_red_y, nclx->color_primary_green_x, nclx->color_primary_green_y,
                                  nclx->color_primary_blue_x, nclx->color_primary_blue_y},
                                 curve.value_or(ToneCurve{ToneCurve::srgb}));
-    heif_nclx_color_profile_free(nclx);
     return profile;
 }
 
