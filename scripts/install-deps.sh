@@ -15,6 +15,7 @@ packages=(
   librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info xdg-utils
   libfile-mimeinfo-perl man-db dpkg-dev lintian
   qt6-l10n-tools qt6-tools-dev qt6-translations-l10n
+  clang libclang-rt-14-dev # tests/fuzz/run.sh: clang 14 with the libFuzzer and sanitizer run-times
 )
 
 missing=()
