@@ -2,18 +2,57 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/heifimage.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "core/largebuffer.h"
+#include "formats/heifboxes.h"
 #include "formats/imagelimits.h"
 
 namespace Vorel::Heif {
 
+namespace {
+
+// The number of pictures the primary item is composed of (a grid's tiles); 0 when the boxes
+// cannot be read here, which leaves the file to libheif's own checks.
+qsizetype primaryItemParts(const QByteArray &data)
+{
+    try {
+        for (qsizetype at = 0; at + 8 <= data.size();) {
+            Cursor header(data, at, data.size());
+            quint64 size = header.read(4);
+            const QByteArray type = header.readBytes(4);
+            size = size == 1 ? header.read(8) : size == 0 ? quint64(data.size() - at) : size;
+            if (type != "meta") {
+                at += qsizetype(std::min<quint64>(std::max<quint64>(size, 8), quint64(data.size())));
+                continue;
+            }
+            const BoxSpan meta = readBoxes(data, at, at + qsizetype(std::min<quint64>(size, quint64(data.size() - at))))[0];
+            const std::vector<BoxSpan> boxes = readBoxes(data, meta.payload + 4, meta.end);
+            const BoxSpan &pitm = requireBox(boxes, "pitm");
+            Cursor primary(data, pitm.payload, pitm.end);
+            const quint32 id = quint32(primary.read(primary.read(4) >> 24 == 0 ? 2 : 4));
+            const BoxSpan *iref = findBox(boxes, "iref");
+            qsizetype parts = 0;
+            for (const ItemReference &reference : iref ? readItemReferences(data, *iref) : std::vector<ItemReference>())
+                if (reference.type == "dimg" && reference.from == id)
+                    parts += qsizetype(reference.to.size());
+            return parts;
+        }
+    } catch (const MalformedBoxes &) {
+    }
+    return 0;
+}
+
+} // namespace
+
 Context openContext(const QByteArray &data)
 {
     Context context(heif_context_alloc());
-    if (!context)
+    if (!context || primaryItemParts(data) > maxHeifGridTiles)
         return nullptr;
+    // libheif refuses items with a side of this or more while it parses the file.
+    heif_context_set_maximum_image_size_limit(context.get(), int(maxDecodedSide) + 1);
     const heif_error error =
         heif_context_read_from_memory_without_copy(context.get(), data.constData(), data.size(), nullptr);
     return error.code == heif_error_Ok ? std::move(context) : nullptr;

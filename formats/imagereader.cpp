@@ -80,8 +80,8 @@ std::optional<QImage> loadCorrectImageOriented(const QString &path)
     if (isHeif(bytes))
         return readHeif(bytes);
     std::optional<QImage> image = isJpeg(bytes) ? decodeJpeg(bytes.constData(), bytes.size()) : std::nullopt;
-    if (!image)
-        image = readWithQt(bytes);
+    if (!image && (!isJpeg(bytes) || jpegScansWithinLimits(bytes.constData(), bytes.size())))
+        image = readWithQt(bytes); // colour spaces TurboJPEG does not convert, and other formats
     if (!image)
         return std::nullopt;
     QByteArray profile = fileColourProfile(bytes);

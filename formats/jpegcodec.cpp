@@ -3,6 +3,7 @@
 #include "formats/jpegcodec.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 #include <turbojpeg.h>
@@ -36,7 +37,50 @@ tjscalingfactor reductionCovering(int width, int height, int box)
     return chosen;
 }
 
+bool isFrameMarker(quint8 marker)
+{
+    return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
+}
+
+// The first byte of the next marker after entropy-coded data, where 0xFF is followed by a
+// stuffed 0x00 or a restart marker; `end` when there is none.
+const unsigned char *afterEntropyData(const unsigned char *at, const unsigned char *end)
+{
+    while ((at = static_cast<const unsigned char *>(std::memchr(at, 0xFF, size_t(end - at)))) && at + 1 < end) {
+        const unsigned char next = at[1];
+        if (next != 0x00 && (next < 0xD0 || next > 0xD7))
+            return at;
+        at += 2;
+    }
+    return end;
+}
+
 } // namespace
+
+bool jpegScansWithinLimits(const char *data, qsizetype size)
+{
+    const auto *at = reinterpret_cast<const unsigned char *>(data) + 2, *end = at - 2 + size;
+    int64_t pixels = 0, scans = 0;
+    while (at + 4 <= end && at[0] == 0xFF) {
+        const quint8 marker = at[1];
+        if (marker == 0xFF) { // fill byte
+            ++at;
+            continue;
+        }
+        if (marker == 0xD9)
+            break;
+        const int length = at[2] << 8 | at[3];
+        if (isFrameMarker(marker) && length >= 7 && at + 9 <= end)
+            pixels = int64_t(at[5] << 8 | at[6]) * (at[7] << 8 | at[8]);
+        at += 2 + length;
+        if (marker == 0xDA && at < end) {
+            if (++scans > maxJpegScans || scans * pixels > maxJpegScanPixels)
+                return false;
+            at = afterEntropyData(at, end);
+        }
+    }
+    return true;
+}
 
 std::optional<QImage> decodeJpeg(const char *data, qsizetype size, int coveringBox)
 {
@@ -48,7 +92,8 @@ std::optional<QImage> decodeJpeg(const char *data, qsizetype size, int coveringB
     if (tjDecompressHeader3(tj.get(), bytes, static_cast<unsigned long>(size), &width, &height, &subsampling,
                             &colorspace) != 0)
         return std::nullopt;
-    if (!isDecodableSize(width, height) || colorspace == TJCS_CMYK || colorspace == TJCS_YCCK)
+    if (!isDecodableSize(width, height) || colorspace == TJCS_CMYK || colorspace == TJCS_YCCK ||
+        !jpegScansWithinLimits(data, size))
         return std::nullopt;
     const tjscalingfactor scale = reductionCovering(width, height, coveringBox);
     QImage image = newLargeImage(TJSCALED(width, scale), TJSCALED(height, scale), QImage::Format_RGB32);
@@ -56,7 +101,7 @@ std::optional<QImage> decodeJpeg(const char *data, qsizetype size, int coveringB
         return std::nullopt;
     // BGRX is QImage's RGB32 byte order on little-endian machines; X is filled with 0xff.
     const int status = tjDecompress2(tj.get(), bytes, static_cast<unsigned long>(size), image.bits(), image.width(),
-                                     static_cast<int>(image.bytesPerLine()), image.height(), TJPF_BGRX, 0);
+                                     static_cast<int>(image.bytesPerLine()), image.height(), TJPF_BGRX, TJFLAG_LIMITSCANS);
     // A warning (e.g. data ending early) still leaves a usable picture, as every viewer shows it.
     if (status != 0 && tjGetErrorCode(tj.get()) != TJERR_WARNING)
         return std::nullopt;

@@ -19,6 +19,10 @@ namespace Vorel {
 // that keeps the longer side at least that long (the full picture when it is smaller): a
 // thumbnail costs a fraction of the full decode.
 std::optional<QImage> decodeJpeg(const char *data, qsizetype size, int coveringBox = 0);
+// Whether the JPEG's scans stay within maxJpegScans and maxJpegScanPixels, found from its
+// frame header and markers alone; decodeJpeg refuses the others, and so must every other
+// decoder a JPEG is handed to (Qt's has no limit of its own).
+bool jpegScansWithinLimits(const char *data, qsizetype size);
 // A JPEG in the encoder's own buffer, for writers that assemble files from several pieces
 // and would otherwise copy it twice.
 class EncodedJpeg {
