@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QRect>
 
@@ -87,7 +88,14 @@ void writeOutputs(const StereoImageProcessor &proc, const BatchSettings &setting
     case BatchOutputFormat::separate: {
         const std::optional<ImagePair> pair = proc.renderFullWidth(false);
         written(pair ? std::optional(pair->left) : std::nullopt, path);
-        written(pair ? std::optional(pair->right) : std::nullopt, job.outputs.value(1));
+        try {
+            written(pair ? std::optional(pair->right) : std::nullopt, job.outputs.value(1));
+        } catch (const StageFailure &) {
+            // Both views or neither: a lone left view would pass for a finished job to
+            // --skip-existing only when the right one appears, and to a person never.
+            QFile::remove(path);
+            throw;
+        }
         return;
     }
     case BatchOutputFormat::mpo:

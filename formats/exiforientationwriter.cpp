@@ -51,7 +51,8 @@ void replaceAtomically(const QString &path, const QByteArray &bytes)
     // A write-protected file stays protected even for a user (root) whom the system would let through.
     const bool writeProtected = !QFile::permissions(path).testFlag(QFileDevice::WriteOwner);
     QSaveFile file(path);
-    if (writeProtected || !file.open(QIODevice::WriteOnly))
+    // Unbuffered, as saveFileAtomically: on a full disk the write itself must fail.
+    if (writeProtected || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         throw WriterError(WriterError::cannotCreateDestination);
     if (file.write(bytes) != bytes.size() || !file.commit())
         throw WriterError(WriterError::finalizeFailed);

@@ -75,7 +75,9 @@ std::optional<QByteArray> encodeImage(const QImage &image, const QString &suffix
 bool saveFileAtomically(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+    // Unbuffered: a buffered write "succeeds" into memory, and Qt's commit then links in a
+    // file whose late write failed (a full disk), empty or cut short, in place of the original.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size())
         return false;
     return file.commit();
 }

@@ -227,7 +227,7 @@ void writeSpatialPhoto(const QImage &left, const QImage &right, const QString &p
     if (leftEye.isNull() || rightEye.isNull())
         throw SpatialPhotoError(SpatialPhotoError::invalidImage);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) // as saveFileAtomically, for a full disk
         throw SpatialPhotoError(SpatialPhotoError::cannotCreateDestination, path);
     const QByteArray bytes = encodePair(leftEye, rightEye, adj, fov, stb, cameraExif);
     if (bytes.isEmpty() || file.write(bytes) != bytes.size() || !file.commit()) {
