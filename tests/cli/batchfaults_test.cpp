@@ -7,9 +7,14 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
+#include <QThread>
+
+#include <functional>
+#include <random>
 
 #include <gtest/gtest.h>
 
+#include <signal.h>
 #include <sys/mount.h>
 
 #include "tests/cli/clirun.h"
@@ -155,6 +160,104 @@ TEST(BatchFaults, FailingOutputFolder)
         expectOnlyWholeOutputs(out, names);
         if (fault == OutputFault::full)
             umount(out.toLocal8Bit().constData());
+        QFile::setPermissions(out, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+}
+
+// Six copies of the side-by-side picture as p1.jpg .. p6.jpg in `in`; the output names.
+QStringList sixInputs(const QString &in)
+{
+    std::vector<std::pair<QString, QString>> inputs;
+    QStringList names;
+    for (int i = 1; i <= 6; ++i) {
+        inputs.emplace_back(sbs, QStringLiteral("p%1.jpg").arg(i));
+        names << QStringLiteral("p%1.jpg").arg(i);
+    }
+    EXPECT_TRUE(copyData(in, inputs));
+    return names;
+}
+
+// Waits until the batch has begun its second job.
+void waitForSecondJob(QProcess &run)
+{
+    QByteArray progress;
+    while (!progress.contains("[2/6]") && run.waitForReadyRead(60000))
+        progress += run.readAllStandardError();
+}
+
+// Killed outright, a run leaves only whole outputs, and --skip-existing finishes the work.
+TEST(BatchFaults, KilledRunResumes)
+{
+    const int randomDelay = std::uniform_int_distribution(100, 3000)(*std::make_unique<std::random_device>());
+    const std::pair<const char *, std::function<void(QProcess &, const QString &)>> kills[] = {
+        {"as the first output appears",
+         [](QProcess &, const QString &out) {
+             while (QDir(out).isEmpty(QDir::Files | QDir::Hidden))
+                 QThread::msleep(5);
+         }},
+        {"inside the second job", [](QProcess &run, const QString &) { waitForSecondJob(run); }},
+        {"after a random delay", [&](QProcess &run, const QString &) { run.waitForFinished(randomDelay); }},
+    };
+    for (const auto &[when, wait] : kills) {
+        QTemporaryDir dir, config;
+        const QString in = dir.filePath(QStringLiteral("in")), out = dir.filePath(QStringLiteral("out"));
+        const QStringList names = sixInputs(in);
+        QProcess run;
+        startCli(run, {QStringLiteral("batch"), in, out}, config.path());
+        ASSERT_TRUE(run.waitForStarted());
+        wait(run, out);
+        if (run.state() == QProcess::Running && run.processId() > 0) // a finished run has no id: kill(0) hits us
+            ::kill(pid_t(run.processId()), SIGKILL);
+        run.waitForFinished();
+        expectOnlyWholeOutputs(out, names);
+        const CliRun resumed = runCli({QStringLiteral("batch"), QStringLiteral("--skip-existing"), in, out});
+        EXPECT_EQ(resumed.exitCode, 0) << when << " (" << randomDelay << " ms) " << resumed.err.toStdString();
+        EXPECT_EQ(QDir(out).entryList(QDir::Files | QDir::Hidden), names) << when;
+        expectOnlyWholeOutputs(out, names);
+    }
+}
+
+// Inputs and the output folder changing under a running batch: the jobs they hit fail with
+// their reason, the others are written, nothing partial stays.
+TEST(BatchFaults, ChangesDuringTheRun)
+{
+    struct Change {
+        const char *name;
+        std::function<void(const QString &in, const QString &out)> make;
+        const char *reason; // for p5 and p6
+    };
+    const Change changes[] = {
+        {"inputs cut short and removed",
+         [](const QString &in, const QString &) {
+             QFile(in + QStringLiteral("/p5.jpg")).resize(5000);
+             QFile::remove(in + QStringLiteral("/p6.jpg"));
+         },
+         "Cannot open %1"},
+        {"output folder made read-only",
+         [](const QString &, const QString &out) {
+             QFile::setPermissions(out, QFile::ReadOwner | QFile::ExeOwner);
+         },
+         "Could not save %1"},
+    };
+    for (const Change &change : changes) {
+        QTemporaryDir dir, config;
+        const QString in = dir.filePath(QStringLiteral("in")), out = dir.filePath(QStringLiteral("out")),
+                      log = dir.filePath(QStringLiteral("log.jsonl"));
+        const QStringList names = sixInputs(in);
+        QProcess run;
+        startCli(run, {QStringLiteral("batch"), QStringLiteral("--log"), log, in, out}, config.path());
+        waitForSecondJob(run);
+        change.make(in, out);
+        ASSERT_TRUE(run.waitForFinished(120000));
+        const QString errors = QString::fromUtf8(run.readAllStandardError());
+        EXPECT_EQ(run.exitCode(), 1) << change.name << errors.toStdString();
+        const std::map<QString, QString> statuses = loggedStatuses(log);
+        EXPECT_EQ(statuses.at(QStringLiteral("p1.jpg")), QStringLiteral("ok")) << change.name;
+        for (const QString name : {QStringLiteral("p5.jpg"), QStringLiteral("p6.jpg")}) {
+            EXPECT_EQ(statuses.at(name), QStringLiteral("failed")) << change.name;
+            EXPECT_TRUE(errors.contains(QString::fromLatin1(change.reason).arg(name))) << change.name << errors.toStdString();
+        }
+        expectOnlyWholeOutputs(out, names);
         QFile::setPermissions(out, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 }
