@@ -4,6 +4,9 @@
 
 #include <array>
 
+#include <QIODevice>
+#include <QScopeGuard>
+
 namespace Vorel::Png {
 
 namespace {
@@ -65,6 +68,29 @@ qsizetype findChunk(const QByteArray &file, const char *type)
         at += chunkOverhead + length;
     }
     return -1;
+}
+
+bool chunksFit(QIODevice &device)
+{
+    const qint64 start = device.pos(), size = device.size();
+    const auto restore = qScopeGuard([&] { device.seek(start); });
+    if (!device.seek(0) || device.read(signature.size()) != signature)
+        return true;
+    for (qint64 at = signature.size(); at + chunkOverhead <= size;) {
+        if (!device.seek(at))
+            return false;
+        const QByteArray head = device.read(8);
+        if (head.size() < 8)
+            return false;
+        const quint32 length = bigEndian32(head, 0);
+        // Image data streams through the decoder in small pieces: cut short, it is its error.
+        if (head.endsWith("IEND") || (head.endsWith("IDAT") && qint64(length) > size - at - chunkOverhead))
+            return true;
+        if (length > maxChunkLength || qint64(length) > size - at - chunkOverhead)
+            return false;
+        at += chunkOverhead + length;
+    }
+    return true;
 }
 
 } // namespace Vorel::Png

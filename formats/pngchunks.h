@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+class QIODevice;
+
 namespace Vorel::Png {
 
 extern const QByteArray signature;
@@ -20,5 +22,12 @@ QByteArray makeChunk(const QByteArray &type, const QByteArray &data);
 // The offset of the first chunk of `type`, following the length fields without checking
 // CRCs; -1 when there is none or a length runs past the end.
 qsizetype findChunk(const QByteArray &file, const char *type);
+
+// Whether every chunk of the PNG on `device` ends inside it. The decoder allocates a chunk's
+// stated length before reading it, so a few bytes stating gigabytes would cost that much
+// memory: such a file is refused before it reaches the decoder. True for data that is not a
+// PNG (not ours to judge) and for a file cut short in its image data or a chunk header (the
+// decoder reports those). The device's position is kept.
+bool chunksFit(QIODevice &device);
 
 } // namespace Vorel::Png

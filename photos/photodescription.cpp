@@ -12,6 +12,7 @@
 #include "formats/exiforientation.h"
 #include "formats/heifboxes.h"
 #include "formats/mpindex.h"
+#include "formats/pngchunks.h"
 
 namespace Vorel {
 
@@ -146,6 +147,8 @@ Header readHeifHeader(QFile &file)
 Header readOtherHeader(QFile &file, const QByteArray &start)
 {
     Header header;
+    if (!Png::chunksFit(file))
+        return header;
     QImageReader reader(&file);
     header.storedSize = reader.size();
     header.orientation = readExifOrientation(start);

@@ -3,6 +3,7 @@
 #include "photos/thumbnailcache.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
@@ -13,6 +14,8 @@
 #include <cstdio>
 
 #include <sys/stat.h>
+
+#include "formats/pngchunks.h"
 
 namespace Vorel {
 
@@ -46,10 +49,19 @@ bool matches(const QImage &entry, const FileStamp &stamp)
            (size.isEmpty() || size == QString::number(stamp.size));
 }
 
+// Entries come from every program on the desktop and may be damaged: one whose chunks run
+// past its end is not handed to the decoder.
+QImage readPng(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !Png::chunksFit(file))
+        return {};
+    return QImageReader(&file, "png").read();
+}
+
 std::optional<QImage> readEntry(const QString &entryPath, const FileStamp &stamp)
 {
-    QImageReader reader(entryPath, "png");
-    const QImage entry = reader.read();
+    const QImage entry = readPng(entryPath);
     if (entry.isNull() || !matches(entry, stamp))
         return std::nullopt;
     return entry;
@@ -179,7 +191,7 @@ bool ThumbnailCache::hasFailed(const QString &path) const
     if (!stamp)
         return false;
     // Keys with "::" come back whole only from a read picture, not from the reader's header.
-    const QImage entry = QImageReader(failPath(path), "png").read();
+    const QImage entry = readPng(failPath(path));
     return !entry.isNull() && entry.text(mtimeKey) == QString::number(stamp->mtime);
 }
 
