@@ -38,7 +38,13 @@ struct Header {
     bool isSpatial = false;
 };
 
-QSize upright(QSize size, int orientation) { return orientation >= 5 ? size.transposed() : size; }
+// The size as shown; a header that states an empty or negative side has no size at all.
+QSize upright(QSize size, int orientation)
+{
+    if (size.width() <= 0 || size.height() <= 0)
+        return QSize();
+    return orientation >= 5 ? size.transposed() : size;
+}
 
 // The segments of a JPEG up to its first scan: SOF for the size, APP1 for the orientation, APP2
 // for the MP index.
