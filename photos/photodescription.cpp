@@ -155,8 +155,9 @@ Header readOtherHeader(QFile &file, const QByteArray &start)
     Header header;
     if (!Png::chunksFit(file))
         return header;
-    QImageReader reader(&file);
-    header.storedSize = reader.size();
+    // Some of Qt's readers state an empty size for a few stray bytes: that is no size either.
+    if (const QSize size = QImageReader(&file).size(); !size.isEmpty())
+        header.storedSize = size;
     header.orientation = readExifOrientation(start);
     return header;
 }
