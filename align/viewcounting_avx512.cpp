@@ -50,6 +50,18 @@ inline void countPixelPair(LevelCounts &levels, int set, uint64_t pair)
     }
 }
 
+// The sum of the eight lanes modulo 2^64. GCC's _mm512_reduce_add_epi64 adds them as signed
+// integers, where wrapping is undefined behaviour; here the wrap is the point.
+inline uint64_t wrappingLaneSum(__m512i v)
+{
+    alignas(64) uint64_t lanes[8];
+    _mm512_store_si512(lanes, v);
+    uint64_t sum = 0;
+    for (const uint64_t lane : lanes)
+        sum += lane;
+    return sum;
+}
+
 // sum plus the block's luminances, or nothing where the block cannot be added at once. With
 // Counting the block's levels are counted either way.
 template <bool Counting>
@@ -86,8 +98,8 @@ std::optional<double> addBlockInUlps(double sum, const uint8_t *bgrx, LevelCount
     if (ties)
         return std::nullopt;
     // The bits of 2^e + k u are those of 2^e plus k; sums wrap modulo 2^64 to the exact count.
-    const uint64_t count = static_cast<uint64_t>(_mm512_reduce_add_epi64(units)) -
-                           static_cast<uint64_t>(blockPixels) * std::bit_cast<uint64_t>(binade);
+    const uint64_t count =
+        wrappingLaneSum(units) - static_cast<uint64_t>(blockPixels) * std::bit_cast<uint64_t>(binade);
     // Every partial sum plus the next Y stays below sum + (count + 1/2) u; keep it in the binade.
     const uint64_t mantissa = (bits & mantissaBits) | (1ull << 52); // sum / u
     if (mantissa + count + 1 >= binadeEnd)
