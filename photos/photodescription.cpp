@@ -192,7 +192,8 @@ PhotoAsset describeFile(const QString &path, const QString &album)
         asset.kind = PhotoKind::mpo;
     else if (header.isSpatial)
         asset.kind = PhotoKind::spatial;
-    else if (isSideBySideByExtension(path) || (asset.size.isValid() && asset.size.width() >= 2 * asset.size.height()))
+    else if (isSideBySideByExtension(path) ||
+             (asset.size.isValid() && asset.size.width() >= 2 * qint64(asset.size.height()))) // no int overflow
         asset.kind = PhotoKind::sideBySide;
     return asset;
 }
