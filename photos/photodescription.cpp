@@ -155,9 +155,7 @@ Header readOtherHeader(QFile &file, const QByteArray &start)
     Header header;
     if (!Png::chunksFit(file))
         return header;
-    // Some of Qt's readers state an empty size for a few stray bytes: that is no size either.
-    if (const QSize size = QImageReader(&file).size(); !size.isEmpty())
-        header.storedSize = size;
+    header.storedSize = QImageReader(&file).size();
     header.orientation = readExifOrientation(start);
     return header;
 }
