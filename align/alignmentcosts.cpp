@@ -4,6 +4,7 @@
 // in the scalar order (no fused multiply-add), so results do not depend on the instruction
 // set. Cloned for AVX2 and the baseline.
 #include "align/alignmentcosts.h"
+#include "align/avx2clones.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -23,7 +24,7 @@ inline void magnitude(DoubleVec &v)
     v = reinterpret_cast<DoubleVec>(reinterpret_cast<MaskVec>(v) & 0x7FFFFFFFFFFFFFFFull);
 }
 
-__attribute__((target_clones("avx2", "default"))) void costBatch(CostModel model, const InlierCoordinates &p,
+VOREL_AVX2_CLONES void costBatch(CostModel model, const InlierCoordinates &p,
                                                                  double focal, const double *a, const double *b,
                                                                  const double *d, const double *e, double *cost)
 {

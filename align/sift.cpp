@@ -41,6 +41,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "align/avx2clones.h"
 #include "align/siftstages.h"
 #include "core/parallelrows.h"
 
@@ -72,7 +73,7 @@ inline uint8_t bilinearSample(float fr, float fc, float tl, float bl, float tr, 
 
 // Output row R = 2 r0 (fr = 0) or 2 r0 + 1 (fr = 0.5) from input rows `top` and `bottom`
 // (bottom = top on the last row). Output columns 2 c0 and 2 c0 + 1 sample at fc = 0 and 0.5.
-__attribute__((target_clones("avx2", "default"))) void upsampleRow(const uint8_t *top, const uint8_t *bottom,
+VOREL_AVX2_CLONES void upsampleRow(const uint8_t *top, const uint8_t *bottom,
                                                                    bool hasBelow, float fr, int64_t w,
                                                                    uint8_t *out)
 {

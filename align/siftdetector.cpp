@@ -10,6 +10,7 @@
 #include <limits>
 #include <optional>
 
+#include "align/avx2clones.h"
 #include "align/siftkernels.h"
 #include "align/siftstages.h"
 #include "align/siftvector.h"
@@ -163,7 +164,7 @@ struct DetectionScratch {
 };
 
 // Columns firstCol.. firstCol+count-1 of a row dy from the keypoint (and up to 7 more, unused).
-__attribute__((target_clones("avx2", "default"))) void histogramRowTerms(int64_t firstCol, int64_t count, float ci,
+VOREL_AVX2_CLONES void histogramRowTerms(int64_t firstCol, int64_t count, float ci,
                                                                          float dySquared, float denominator,
                                                                          const float *orientation,
                                                                          HistogramRowTerms &terms)

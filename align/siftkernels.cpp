@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "align/avx2clones.h"
 #include "align/siftvector.h"
 #include "core/parallelrows.h"
 
@@ -43,7 +44,7 @@ __attribute__((always_inline)) inline void correlateBlock(const float *const *so
 }
 
 // out[n] = sum over p of sources[p][n] * kernel[p], p ascending, from 0.
-__attribute__((target_clones("avx2", "default"))) void correlate(const float *const *sources, const float *kernel,
+VOREL_AVX2_CLONES void correlate(const float *const *sources, const float *kernel,
                                                                  int64_t length, int64_t count, float *out)
 {
     constexpr int vectors = 8;
@@ -78,7 +79,7 @@ inline void gradientAt(float dr, float dc, float &magnitude, float &orientation)
 }
 
 // gradientAt on `lanes` pixels at once.
-__attribute__((target_clones("avx2", "default"))) void gradientSpan(const float *up, const float *down,
+VOREL_AVX2_CLONES void gradientSpan(const float *up, const float *down,
                                                                     const float *left, const float *right,
                                                                     int64_t count, float *magnitude,
                                                                     float *orientation)
@@ -126,7 +127,7 @@ bool isCandidate(const float *previous, const float *row, const float *next, flo
 
 } // namespace
 
-__attribute__((target_clones("avx2", "default"))) void markExtremumCandidates(const float *previous,
+VOREL_AVX2_CLONES void markExtremumCandidates(const float *previous,
                                                                               const float *row,
                                                                               const float *next, int64_t count,
                                                                               float threshold, uint8_t *marks)

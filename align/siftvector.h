@@ -3,7 +3,7 @@
 // Eight-lane float vectors (GCC vector extensions) for the per-pixel loops of the keypoint
 // search. Every lane performs the scalar operations in the scalar order (no fused
 // multiply-add), so results do not depend on the instruction set. Functions using them are
-// cloned for AVX2 and the baseline (target_clones); both clones give identical bits.
+// cloned for AVX2 and the baseline (VOREL_AVX2_CLONES); both clones give identical bits.
 #pragma once
 
 #include <cstdint>
