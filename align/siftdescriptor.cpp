@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "align/avx2clones.h"
 #include "align/siftkernels.h"
 #include "align/siftstages.h"
 #include "align/siftvector.h"
@@ -74,7 +75,7 @@ struct RowTerms {
 
 // Column `firstCol + i` lies dx = firstCol + i - ci from the keypoint; `dySin` = dy sinT and
 // `dyCos` = dy cosT. Fills `terms` for i in 0..count-1 (and up to 7 more, unused).
-__attribute__((target_clones("avx2", "default"))) void rowTerms(int64_t firstCol, int64_t count, float ci,
+VOREL_AVX2_CLONES void rowTerms(int64_t firstCol, int64_t count, float ci,
                                                                 float dySin, float dyCos, float sinT, float cosT,
                                                                 const float *orientation, float theta,
                                                                 RowTerms &terms)
