@@ -27,7 +27,11 @@ qsizetype primaryItemParts(const QByteArray &data)
                 at += qsizetype(std::min<quint64>(std::max<quint64>(size, 8), quint64(data.size())));
                 continue;
             }
-            const BoxSpan meta = readBoxes(data, at, at + qsizetype(std::min<quint64>(size, quint64(data.size() - at))))[0];
+            const std::vector<BoxSpan> metaBoxes =
+                readBoxes(data, at, at + qsizetype(std::min<quint64>(size, quint64(data.size() - at))));
+            if (metaBoxes.empty())
+                return 0;
+            const BoxSpan &meta = metaBoxes.front();
             const std::vector<BoxSpan> boxes = readBoxes(data, meta.payload + 4, meta.end);
             const BoxSpan &pitm = requireBox(boxes, "pitm");
             Cursor primary(data, pitm.payload, pitm.end);
