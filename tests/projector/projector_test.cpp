@@ -41,7 +41,6 @@ std::vector<ProjectorScreen> screensOf(const QList<QScreen *> &screens)
     return result;
 }
 
-// Same place in the picture: red and green agree up to the smoothing of the scaled drawing.
 QScreen *screenNamed(const QString &name)
 {
     for (QScreen *screen : QGuiApplication::screens())
@@ -50,6 +49,7 @@ QScreen *screenNamed(const QString &name)
     return nullptr;
 }
 
+// Same place in the picture: red and green agree up to the smoothing of the scaled drawing.
 bool samePlace(QRgb a, QRgb b)
 {
     return std::abs(qRed(a) - qRed(b)) <= 3 && std::abs(qGreen(a) - qGreen(b)) <= 3;
@@ -63,8 +63,11 @@ class ProjectorTest : public QObject {
     const QImage left = positionCoded(2400, 1600, 0);
     const QImage right = positionCoded(2400, 1600, 255);
     QTemporaryDir dir;
+    const QString leftPath = dir.filePath(QStringLiteral("l.png")), rightPath = dir.filePath(QStringLiteral("r.png"));
 
 private slots:
+    void initTestCase() { QVERIFY(left.save(leftPath) && right.save(rightPath)); }
+
     void splitAlternatesLeftAndRightOverTheScreens()
     {
         ProjectorManager manager;
@@ -117,8 +120,6 @@ private slots:
     // larger, each screen row one picture row, and it stays so when the main view zooms.
     void interlacedSinglePictureIsShownPixelForPixel()
     {
-        const QString leftPath = dir.filePath(QStringLiteral("l.png")), rightPath = dir.filePath(QStringLiteral("r.png"));
-        QVERIFY(left.save(leftPath) && right.save(rightPath));
         MainWindow window(std::make_unique<Preferences>(dir.filePath(QStringLiteral("i.ini"))));
         window.show();
         QVERIFY(window.openPaths({leftPath, rightPath}));
@@ -197,8 +198,6 @@ private slots:
     // projected view, after zooming to actual size and scrolling; Esc ends the projection.
     void projectionFollowsTheMainViewUntilEsc()
     {
-        const QString leftPath = dir.filePath(QStringLiteral("l.png")), rightPath = dir.filePath(QStringLiteral("r.png"));
-        QVERIFY(left.save(leftPath) && right.save(rightPath));
         MainWindow window(std::make_unique<Preferences>(dir.filePath(QStringLiteral("p.ini"))));
         window.show();
         QVERIFY(window.openPaths({leftPath, rightPath}));
@@ -229,11 +228,9 @@ private slots:
     // Runs the application's event loop, so it comes last.
     void closingTheMainWindowEndsTheApplication()
     {
-        const QString path = dir.filePath(QStringLiteral("sbs.png"));
-        QVERIFY(left.save(path));
         MainWindow window(std::make_unique<Preferences>(dir.filePath(QStringLiteral("q.ini"))));
         window.show();
-        QVERIFY(window.openPaths({path}));
+        QVERIFY(window.openPaths({leftPath}));
         window.projector()->start(screensOf(QGuiApplication::screens()), ProjectionMode::splitLR);
         QList<QPointer<QWidget>> projected;
         for (const auto &controller : window.projector()->manager.projectorWindows)
