@@ -12,6 +12,7 @@
 #include "formats/heifimage.h"
 #include "formats/imagelimits.h"
 #include "formats/jpegcodec.h"
+#include "formats/pngchunks.h"
 #include "formats/srgbconversion.h"
 
 namespace Vorel {
@@ -39,6 +40,8 @@ std::optional<QImage> readWithQt(QByteArray &bytes)
 {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
+    if (!Png::chunksFit(buffer))
+        return std::nullopt;
     QImageReader reader(&buffer);
     reader.setAutoTransform(false); // orientation is applied once, by us, from the EXIF tag
     reader.setAllocationLimit(qtAllocationLimitMb);
