@@ -117,19 +117,26 @@ TEST(BatchFaults, BadInputsFailWithTheirReasonsAndTheRestIsWritten)
 
 enum class OutputFault { readOnly, disappears, full };
 
+// Six copies of the side-by-side picture as p1.jpg .. p6.jpg in `in`; the output names.
+QStringList sixInputs(const QString &in)
+{
+    std::vector<std::pair<QString, QString>> inputs;
+    QStringList names;
+    for (int i = 1; i <= 6; ++i) {
+        inputs.emplace_back(sbs, QStringLiteral("p%1.jpg").arg(i));
+        names << QStringLiteral("p%1.jpg").arg(i);
+    }
+    EXPECT_TRUE(copyData(in, inputs));
+    return names;
+}
+
 // Outputs that cannot be written: each job fails with the writer's text, nothing half written.
 TEST(BatchFaults, FailingOutputFolder)
 {
     for (const OutputFault fault : {OutputFault::readOnly, OutputFault::disappears, OutputFault::full}) {
         QTemporaryDir dir;
         const QString in = dir.filePath(QStringLiteral("in")), out = dir.filePath(QStringLiteral("out"));
-        std::vector<std::pair<QString, QString>> inputs;
-        QStringList names;
-        for (int i = 1; i <= 6; ++i) {
-            inputs.emplace_back(sbs, QStringLiteral("p%1.jpg").arg(i));
-            names << QStringLiteral("p%1.jpg").arg(i);
-        }
-        ASSERT_TRUE(copyData(in, inputs));
+        const QStringList names = sixInputs(in);
         QDir().mkpath(out);
         if (fault == OutputFault::readOnly)
             QFile::setPermissions(out, QFile::ReadOwner | QFile::ExeOwner);
@@ -162,19 +169,6 @@ TEST(BatchFaults, FailingOutputFolder)
             umount(out.toLocal8Bit().constData());
         QFile::setPermissions(out, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-}
-
-// Six copies of the side-by-side picture as p1.jpg .. p6.jpg in `in`; the output names.
-QStringList sixInputs(const QString &in)
-{
-    std::vector<std::pair<QString, QString>> inputs;
-    QStringList names;
-    for (int i = 1; i <= 6; ++i) {
-        inputs.emplace_back(sbs, QStringLiteral("p%1.jpg").arg(i));
-        names << QStringLiteral("p%1.jpg").arg(i);
-    }
-    EXPECT_TRUE(copyData(in, inputs));
-    return names;
 }
 
 // Waits until the batch has begun its second job.
