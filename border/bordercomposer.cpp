@@ -2,32 +2,75 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "border/bordercomposer.h"
 
-#include <QMetaObject>
-
 namespace Vorel {
 
-BorderComposer::BorderComposer(QObject *parent) : QObject(parent) {}
+BorderComposer::BorderComposer(QObject *parent) : QObject(parent)
+{
+    // One worker may finish an outdated composition while another starts the newest; more
+    // would only compose states nobody will see.
+    workers.setMaxThreadCount(2);
+    connect(this, &BorderComposer::resultWaiting, this, &BorderComposer::deliver, Qt::QueuedConnection);
+}
 
-BorderComposer::~BorderComposer() { workers.waitForDone(); }
+BorderComposer::~BorderComposer()
+{
+    {
+        const std::lock_guard guard(lock);
+        waiting.reset();
+    }
+    workers.waitForDone();
+}
 
 void BorderComposer::request(Work work)
 {
-    const quint64 number = ++issued;
-    workers.start([this, number, work = std::move(work)] {
-        const std::optional<QImage> picture = work();
-        // This object outlives its workers; a result still queued when it goes is dropped with it.
-        QMetaObject::invokeMethod(this, [this, number, picture] { deliver(number, picture); }, Qt::QueuedConnection);
-    });
+    {
+        const std::lock_guard guard(lock);
+        waiting.emplace(++issued, std::move(work));
+    }
+    // One worker start per request: a start that finds the request taken by another worker
+    // (or replaced and taken) simply ends.
+    workers.start([this] { composeWaiting(); });
 }
 
-void BorderComposer::discardPending() { delivered = ++issued; }
-
-void BorderComposer::deliver(quint64 number, const std::optional<QImage> &picture)
+void BorderComposer::discardPending()
 {
-    if (number < delivered || !picture)
-        return; // older than what is shown, or nothing composed: the view stays as it was
-    delivered = number;
-    emit composed(*picture);
+    const std::lock_guard guard(lock);
+    waiting.reset();
+    delivered = ++issued;
+}
+
+void BorderComposer::composeWaiting()
+{
+    std::optional<std::pair<quint64, Work>> taken;
+    {
+        const std::lock_guard guard(lock);
+        taken.swap(waiting);
+    }
+    if (!taken)
+        return;
+    const std::optional<QImage> picture = taken->second();
+    if (!picture)
+        return; // nothing composed: the view stays as it was
+    {
+        const std::lock_guard guard(lock);
+        if (finished && finished->first > taken->first)
+            return;
+        finished.emplace(taken->first, *picture);
+    }
+    emit resultWaiting(QPrivateSignal());
+}
+
+void BorderComposer::deliver()
+{
+    std::optional<std::pair<quint64, QImage>> result;
+    {
+        const std::lock_guard guard(lock);
+        result.swap(finished);
+        if (!result || result->first < delivered)
+            return; // taken by an earlier delivery, or older than what is shown
+        delivered = result->first;
+    }
+    emit composed(result->second);
 }
 
 } // namespace Vorel

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The border mode of the window: background compositions where a newer result always wins,
 // the framed picture on screen and in the saved file.
+#include <atomic>
+
 #include <QImageReader>
 #include <QLabel>
 #include <QScrollArea>
@@ -26,28 +28,36 @@ class BorderModeTest : public QObject {
     }
 
 private slots:
-    // An older composition that finishes after a newer one never replaces it; one that finishes
-    // first is shown until the newer one arrives.
-    void newerResultsWin()
+    // Only the newest request waits for a worker; an older result that finishes after a newer
+    // one is dropped, and a composition that gives nothing leaves the view as it was.
+    void newestRequestWins()
     {
         BorderComposer composer;
-        QList<QRgb> shown;
-        connect(&composer, &BorderComposer::composed, this, [&shown](const QImage &p) { shown << p.pixel(0, 0); });
-        QSemaphore releaseFirst, releaseThird;
-        composer.request([&] { releaseFirst.acquire(); return std::optional(filled(1)); });
-        composer.request([] { return std::optional(filled(2)); });
-        QTRY_COMPARE(shown, QList<QRgb>{filled(2).pixel(0, 0)});
-        releaseFirst.release(); // the first finishes late: dropped
-        composer.request([&] { releaseThird.acquire(); return std::optional(filled(3)); });
-        composer.request([] { return std::optional<QImage>(); }); // nothing composed: the view stays
-        releaseThird.release();
-        QTRY_COMPARE(shown.size(), 2);
-        QSemaphore releaseFourth;
-        composer.request([&] { releaseFourth.acquire(); return std::optional(filled(4)); });
+        QList<int> shown;
+        connect(&composer, &BorderComposer::composed, this, [&shown](const QImage &p) { shown << qBlue(p.pixel(0, 0)); });
+        QSemaphore started, releaseOld, releaseNew;
+        std::atomic<int> replacedRuns = 0;
+        const auto blocked = [&](QSemaphore &release, QRgb colour) {
+            return [&, colour] { started.release(); release.acquire(); return std::optional(filled(colour)); };
+        };
+        composer.request(blocked(releaseOld, 1));
+        started.acquire(); // taken by a worker: the next request cannot replace it
+        composer.request(blocked(releaseNew, 2));
+        started.acquire(); // both workers are busy
+        composer.request([&] { ++replacedRuns; return std::optional(filled(3)); });
+        composer.request([] { return std::optional(filled(4)); });
+        releaseNew.release();
+        QTRY_VERIFY(!shown.isEmpty() && shown.last() == 4);
+        releaseOld.release(); // finishes late
+        composer.request([] { return std::optional<QImage>(); });
+        composer.request(blocked(releaseNew, 5));
+        started.acquire();
         composer.discardPending(); // the pair is gone meanwhile
-        releaseFourth.release();
+        releaseNew.release();
         QTest::qWait(50);
-        QCOMPARE(shown, (QList<QRgb>{filled(2).pixel(0, 0), filled(3).pixel(0, 0)}));
+        QCOMPARE(replacedRuns, 0);
+        QCOMPARE(shown.last(), 4);
+        QVERIFY(!shown.contains(1) && !shown.contains(5));
     }
 
     // 02-super-mario.jpg has 522 x 720 halves: at the default 3 % in the LR/RL grid b = 15.66,
