@@ -24,9 +24,8 @@ inline void magnitude(DoubleVec &v)
     v = reinterpret_cast<DoubleVec>(reinterpret_cast<MaskVec>(v) & 0x7FFFFFFFFFFFFFFFull);
 }
 
-VOREL_AVX2_CLONES void costBatch(CostModel model, const InlierCoordinates &p,
-                                                                 double focal, const double *a, const double *b,
-                                                                 const double *d, const double *e, double *cost)
+VOREL_AVX2_CLONES void costBatch(CostModel model, const InlierCoordinates &p, double focal, const double *a,
+    const double *b, const double *d, const double *e, double *cost)
 {
     DoubleVec va, vb, vd, ve;
     std::memcpy(&va, a, sizeof va);

@@ -73,9 +73,8 @@ inline uint8_t bilinearSample(float fr, float fc, float tl, float bl, float tr, 
 
 // Output row R = 2 r0 (fr = 0) or 2 r0 + 1 (fr = 0.5) from input rows `top` and `bottom`
 // (bottom = top on the last row). Output columns 2 c0 and 2 c0 + 1 sample at fc = 0 and 0.5.
-VOREL_AVX2_CLONES void upsampleRow(const uint8_t *top, const uint8_t *bottom,
-                                                                   bool hasBelow, float fr, int64_t w,
-                                                                   uint8_t *out)
+VOREL_AVX2_CLONES void upsampleRow(
+    const uint8_t *top, const uint8_t *bottom, bool hasBelow, float fr, int64_t w, uint8_t *out)
 {
     for (int64_t c0 = 0; c0 < w - 1; ++c0) {
         const float tl = top[c0], bl = bottom[c0], tr = top[c0 + 1];

@@ -75,10 +75,8 @@ struct RowTerms {
 
 // Column `firstCol + i` lies dx = firstCol + i - ci from the keypoint; `dySin` = dy sinT and
 // `dyCos` = dy cosT. Fills `terms` for i in 0..count-1 (and up to 7 more, unused).
-VOREL_AVX2_CLONES void rowTerms(int64_t firstCol, int64_t count, float ci,
-                                                                float dySin, float dyCos, float sinT, float cosT,
-                                                                const float *orientation, float theta,
-                                                                RowTerms &terms)
+VOREL_AVX2_CLONES void rowTerms(int64_t firstCol, int64_t count, float ci, float dySin, float dyCos, float sinT,
+    float cosT, const float *orientation, float theta, RowTerms &terms)
 {
     const IntVec laneIndex = {0, 1, 2, 3, 4, 5, 6, 7};
     for (int64_t i = 0; i < count; i += lanes) {

@@ -164,10 +164,8 @@ struct DetectionScratch {
 };
 
 // Columns firstCol.. firstCol+count-1 of a row dy from the keypoint (and up to 7 more, unused).
-VOREL_AVX2_CLONES void histogramRowTerms(int64_t firstCol, int64_t count, float ci,
-                                                                         float dySquared, float denominator,
-                                                                         const float *orientation,
-                                                                         HistogramRowTerms &terms)
+VOREL_AVX2_CLONES void histogramRowTerms(int64_t firstCol, int64_t count, float ci, float dySquared, float denominator,
+    const float *orientation, HistogramRowTerms &terms)
 {
     const IntVec laneIndex = {0, 1, 2, 3, 4, 5, 6, 7};
     for (int64_t i = 0; i < count; i += lanes) {

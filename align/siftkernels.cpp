@@ -44,8 +44,8 @@ __attribute__((always_inline)) inline void correlateBlock(const float *const *so
 }
 
 // out[n] = sum over p of sources[p][n] * kernel[p], p ascending, from 0.
-VOREL_AVX2_CLONES void correlate(const float *const *sources, const float *kernel,
-                                                                 int64_t length, int64_t count, float *out)
+VOREL_AVX2_CLONES void correlate(
+    const float *const *sources, const float *kernel, int64_t length, int64_t count, float *out)
 {
     constexpr int vectors = 8;
     int64_t n = 0;
@@ -79,10 +79,8 @@ inline void gradientAt(float dr, float dc, float &magnitude, float &orientation)
 }
 
 // gradientAt on `lanes` pixels at once.
-VOREL_AVX2_CLONES void gradientSpan(const float *up, const float *down,
-                                                                    const float *left, const float *right,
-                                                                    int64_t count, float *magnitude,
-                                                                    float *orientation)
+VOREL_AVX2_CLONES void gradientSpan(const float *up, const float *down, const float *left, const float *right,
+    int64_t count, float *magnitude, float *orientation)
 {
     int64_t i = 0;
     for (; i + lanes <= count; i += lanes) {
@@ -127,10 +125,8 @@ bool isCandidate(const float *previous, const float *row, const float *next, flo
 
 } // namespace
 
-VOREL_AVX2_CLONES void markExtremumCandidates(const float *previous,
-                                                                              const float *row,
-                                                                              const float *next, int64_t count,
-                                                                              float threshold, uint8_t *marks)
+VOREL_AVX2_CLONES void markExtremumCandidates(
+    const float *previous, const float *row, const float *next, int64_t count, float threshold, uint8_t *marks)
 {
     using ByteVec = int8_t __attribute__((vector_size(lanes)));
     int64_t i = 0;
