@@ -26,14 +26,6 @@ const std::pair<int, const AnaglyphMatrix *> matrices[] = {
     {AnaglyphKind::optimised, &optimised},
 };
 
-const AnaglyphMatrix *matrixOf(int kind)
-{
-    for (const auto &[k, m] : matrices)
-        if (k == kind)
-            return m;
-    return nullptr;
-}
-
 uint32_t byteOf(float v) { return uint32_t(std::clamp(int(v), 0, 255)); }
 
 // The formulas in full: all six products of a matrix, zero ones included.
@@ -42,7 +34,10 @@ uint32_t reference(uint32_t p, uint32_t q, int kind)
     const float l[3] = {float(p >> 16 & 255), float(p >> 8 & 255), float(p & 255)};
     const float r[3] = {float(q >> 16 & 255), float(q >> 8 & 255), float(q & 255)};
     uint32_t c[3];
-    if (const AnaglyphMatrix *m = matrixOf(kind)) {
+    const AnaglyphMatrix *m = nullptr;
+    for (const auto &[k, matrix] : matrices)
+        m = k == kind ? matrix : m;
+    if (m) {
         const float v[6] = {l[0] / 255.0f, l[1] / 255.0f, l[2] / 255.0f, r[0] / 255.0f, r[1] / 255.0f, r[2] / 255.0f};
         for (int k = 0; k < 3; ++k) {
             float sum = (*m)[k][0] * v[0];
