@@ -10,8 +10,10 @@
 #include "align/autoalign.h"
 #include "core/displaycomposition.h"
 #include "formats/imagereader.h"
+#include "tests/core/noiseimage.h"
 
 using namespace Vorel;
+using TestReference::filledImage;
 
 namespace {
 
@@ -128,10 +130,7 @@ TEST(AutoAlign, RealPairsEndOnTheSameRows)
 
 TEST(AutoAlign, NothingToAlign)
 {
-    QImage uniform(300, 200, QImage::Format_RGB32);
-    uniform.fill(qRgb(90, 90, 90));
-    QImage tiny(7, 7, QImage::Format_RGB32);
-    tiny.fill(qRgb(0, 0, 0));
+    const QImage uniform = filledImage(300, 200, qRgb(90, 90, 90));
     const QImage &photo = photo800x600();
     struct Case {
         const char *name;

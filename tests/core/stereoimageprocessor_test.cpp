@@ -14,15 +14,10 @@
 #include "tests/core/noiseimage.h"
 
 using namespace Vorel;
+using TestReference::filledImage;
+using TestReference::noiseImage;
 
 namespace {
-
-QImage filled(int w, int h, QRgb colour)
-{
-    QImage image(w, h, QImage::Format_RGB32);
-    image.fill(colour);
-    return image;
-}
 
 // Either split cuts zero-copy views out of a 32-bit picture and drops an odd last column or row.
 TEST(StereoImageProcessor, SplitsDropTheOddColumnOrRow)
@@ -34,7 +29,7 @@ TEST(StereoImageProcessor, SplitsDropTheOddColumnOrRow)
                 {true, 9, 4},       {true, 8, 4},       {true, 3, 1},  {true, 2, 1}};
     for (const Row &row : rows) {
         const QSize size = row.overUnder ? QSize(4, row.length) : QSize(row.length, 4);
-        QImage picture = filled(size.width(), size.height(), qRgb(10, 10, 10));
+        QImage picture = filledImage(size.width(), size.height(), qRgb(10, 10, 10));
         picture.setPixel(row.overUnder ? 0 : row.half, row.overUnder ? row.half : 0, qRgb(200, 0, 0));
         StereoImageProcessor proc;
         row.overUnder ? proc.loadOverUnder(picture, true) : proc.loadSideBySide(picture, true);
@@ -47,8 +42,8 @@ TEST(StereoImageProcessor, SplitsDropTheOddColumnOrRow)
         EXPECT_EQ(proc.history.undoCount(), 1);
     }
     StereoImageProcessor proc;
-    proc.loadSideBySide(filled(1, 4, 0), true); // no half can be cut
-    proc.loadOverUnder(filled(4, 1, 0), true);
+    proc.loadSideBySide(filledImage(1, 4, 0), true); // no half can be cut
+    proc.loadOverUnder(filledImage(4, 1, 0), true);
     EXPECT_FALSE(proc.hasPair());
 }
 
@@ -58,7 +53,7 @@ TEST(StereoImageProcessor, LoadPairStretchesToCommonMinimumAndKeepsFlags)
     proc.isSwap = true;
     proc.isHalf = true;
     proc.adjustment = {1, 2, 3, 4};
-    proc.loadPair(filled(400, 300, 0), filled(399, 301, 0), false);
+    proc.loadPair(filledImage(400, 300, 0), filledImage(399, 301, 0), false);
     EXPECT_EQ(proc.leftOriginal->size(), QSize(399, 300));
     EXPECT_EQ(proc.rightOriginal->size(), QSize(399, 300));
     EXPECT_EQ(proc.adjustment, StereoAdjustment{});
@@ -70,7 +65,7 @@ TEST(StereoImageProcessor, LoadPairStretchesToCommonMinimumAndKeepsFlags)
 TEST(StereoImageProcessor, SwapOrdersOutputsAfterAdjustingTheTrueRight)
 {
     StereoImageProcessor proc;
-    proc.loadPair(filled(100, 50, qRgb(255, 0, 0)), filled(100, 50, qRgb(0, 0, 255)), true);
+    proc.loadPair(filledImage(100, 50, qRgb(255, 0, 0)), filledImage(100, 50, qRgb(0, 0, 255)), true);
     proc.adjustment.horizontalOffset = 10;
     proc.isSwap = true;
     const std::optional<ImagePair> pair = proc.render(false);
@@ -87,7 +82,7 @@ TEST(StereoImageProcessor, SwapOrdersOutputsAfterAdjustingTheTrueRight)
 TEST(StereoImageProcessor, PreviewCacheIsUsedOnlyOnTheAdjustmentPage)
 {
     StereoImageProcessor proc;
-    proc.loadPair(filled(800, 400, 0), filled(800, 400, 0), true);
+    proc.loadPair(filledImage(800, 400, 0), filledImage(800, 400, 0), true);
     proc.makePreviewCache(200, 200);
     ASSERT_EQ(proc.cachedLeft->size(), QSize(200, 100));
     EXPECT_EQ(proc.render(true)->left.width(), 800); // nTab 0: full size
@@ -111,11 +106,16 @@ TEST(StereoImageProcessor, RememberAdjustmentWritesOnlyChanges)
 }
 
 // The display picture of every mode against what the window composed before it existed: the
-// side-by-side of the (half-width) pair, the anaglyph, the layout of the adjusted, swapped pair.
+// side-by-side of the (half-width) pair, the anaglyph, the layout of the adjusted, swapped pair;
+// nothing at all before a pair is loaded.
 TEST(StereoImageProcessor, DisplayPictureOfEveryMode)
 {
     StereoImageProcessor proc;
-    proc.loadPair(TestReference::noiseImage(120, 81, 1), TestReference::noiseImage(120, 81, 2), false);
+    EXPECT_FALSE(proc.render(false));
+    EXPECT_FALSE(proc.renderAnaglyph(2, false));
+    for (const DisplayModeInfo &info : displayModes)
+        EXPECT_FALSE(proc.renderDisplayPicture(info.mode, false)) << "empty, " << info.uiText;
+    proc.loadPair(noiseImage(120, 81, 1), noiseImage(120, 81, 2), false);
     proc.adjustment = {1.5, -0.5, 1.0, 2.0};
     proc.isSwap = true;
     const ImagePair pair = *proc.renderFullWidth(false);
@@ -145,15 +145,6 @@ TEST(StereoImageProcessor, DisplayPictureOfEveryMode)
                 EXPECT_EQ(*picture, *expected) << info.uiText;
         }
     }
-}
-
-TEST(StereoImageProcessor, EmptyProcessorRendersNothing)
-{
-    StereoImageProcessor proc;
-    EXPECT_FALSE(proc.render(false));
-    EXPECT_FALSE(proc.renderAnaglyph(2, false));
-    for (const DisplayModeInfo &info : displayModes)
-        EXPECT_FALSE(proc.renderDisplayPicture(info.mode, false)) << info.uiText;
 }
 
 } // namespace
