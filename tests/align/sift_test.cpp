@@ -48,12 +48,11 @@ TEST(Sift, OctaveSizesOf800x600)
         visited.push_back({layer.octave, layer.layer, layer.at.w, layer.at.h});
     });
     const int64_t sizes[][2] = {{1600, 1200}, {800, 600}, {400, 300}, {200, 150}, {100, 75}, {50, 37}, {25, 18}};
-    ASSERT_EQ(visited.size(), std::size(sizes) * 3);
-    for (size_t i = 0; i < visited.size(); ++i) {
-        const size_t o = i / 3;
-        EXPECT_EQ(visited[i], (std::array<int64_t, 4>{static_cast<int64_t>(o), static_cast<int64_t>(i % 3 + 1),
-                                                      sizes[o][0], sizes[o][1]}));
-    }
+    std::vector<std::array<int64_t, 4>> expected;
+    for (int64_t o = 0; o < int64_t(std::size(sizes)); ++o)
+        for (int64_t layer = 1; layer <= 3; ++layer)
+            expected.push_back({o, layer, sizes[o][0], sizes[o][1]});
+    EXPECT_EQ(visited, expected);
 }
 
 // On the last row and column missing samples fall back to the top-left one, the
