@@ -124,7 +124,6 @@ TEST(AnaglyphMatrices, HandCheckedPixels)
     } rows[] = {
         {AnaglyphKind::gray, red, blue, qRgb(76, 29, 29)},
         {AnaglyphKind::colour, qRgb(10, 20, 30), qRgb(40, 50, 60), qRgb(10, 50, 60)},
-        {7, red, blue, qRgb(76, 29, 29)},
         // amber-blue, pure red: red 1.062 - 0.016, green -0.026 + 0.006, blue -0.038 + 0.094.
         {AnaglyphKind::duboisAmberBlue, red, red, qRgb(255, 0, 14)},
         {AnaglyphKind::duboisAmberBlue, green, green, qRgb(0, 247, 3)},
