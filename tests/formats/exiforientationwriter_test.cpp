@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Orientation rewrites of real JPEG, TIFF and PNG files, read back with our EXIF reader and our
 // image reader, compared with the coded pixels, and byte by byte with the original.
-#include <QFile>
-#include <QtEndian>
 #include <QImageReader>
-#include <QTemporaryDir>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -13,30 +11,13 @@
 #include "formats/exiforientationwriter.h"
 #include "formats/imagereader.h"
 #include "formats/orientationrewriterun.h"
-#include "tests/formats/tiffblockbuilder.h"
+#include "tests/formats/bytebuilders.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
-
-void PrintTo(const QString &text, std::ostream *os)
-{
-    *os << text.toStdString();
-}
+using namespace Vorel::TestSupport;
 
 namespace {
-
-const QString data = QStringLiteral(VOREL_TEST_DATA);
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 QImage codedPixels(const QString &path)
 {
@@ -79,8 +60,19 @@ QList<QByteArray> preservedParts(const QByteArray &file)
     return parts;
 }
 
+// A 3x1 8-bit gray uncompressed TIFF without an Orientation tag, in either byte order; its
+// odd length makes the appended IFD need a padding byte.
+QByteArray untaggedTiff(bool little)
+{
+    const quint32 pixels = tiffTailOffset(8);
+    return tiffBlock(little,
+        { { 256, 4, 1, 3 }, { 257, 4, 1, 1 }, { 258, 3, 1, 8 }, { 259, 3, 1, 1 }, { 262, 3, 1, 1 },
+            { 273, 4, 1, pixels }, { 278, 4, 1, 1 }, { 279, 4, 1, 3 } },
+        0, QByteArray("\x10\x80\xF0", 3));
+}
+
 struct RewriteCase {
-    const char *file;
+    const char *file; // in orientation/, or "untagged II.tif" / "untagged MM.tif" from untaggedTiff
     int maxChangedBytes; // when the tag exists the size stays and only this many bytes change; -1: tag added
 };
 
@@ -89,24 +81,28 @@ class RealFileRewrite : public ::testing::TestWithParam<std::tuple<RewriteCase, 
 TEST_P(RealFileRewrite, ChangesOnlyTheOrientation)
 {
     const auto [fileCase, orientation] = GetParam();
+    const QString name = QString::fromLatin1(fileCase.file);
+    const QByteArray before = name.startsWith(QLatin1String("untagged"))
+        ? untaggedTiff(name.contains(QLatin1String("II")))
+        : readAll(testData(QStringLiteral("orientation/") + name));
     QTemporaryDir dir;
-    const QString original = data + QStringLiteral("/orientation/") + QString::fromLatin1(fileCase.file);
-    const QString path = dir.filePath(QString::fromLatin1(fileCase.file));
-    ASSERT_TRUE(QFile::copy(original, path));
-    const QByteArray before = readAll(path);
+    const QString path = dir.filePath(name);
+    ASSERT_TRUE(writeAll(path, before));
+    const QImage coded = codedPixels(path);
+    ASSERT_FALSE(coded.isNull());
 
     ExifOrientationWriter::rewrite(path, orientation);
 
     const QByteArray after = readAll(path);
-    EXPECT_EQ(readExifOrientation(readAll(path)), orientation);
-    EXPECT_EQ(codedPixels(path), codedPixels(original));
+    EXPECT_EQ(readExifOrientation(after), orientation);
+    EXPECT_EQ(codedPixels(path), coded);
     EXPECT_TRUE(preservedParts(after) == preservedParts(before));
     if (fileCase.maxChangedBytes >= 0) {
         ASSERT_EQ(after.size(), before.size());
-        int changed = 0;
-        for (qsizetype i = 0; i < before.size(); ++i)
-            changed += before[i] != after[i];
-        EXPECT_LE(changed, fileCase.maxChangedBytes);
+        EXPECT_LE(changedBytes(before, after), fileCase.maxChangedBytes);
+    } else if (name.endsWith(QLatin1String(".tif"))) { // a new IFD0 appended: only the pointer to it changes
+        EXPECT_EQ(after.left(4), before.left(4));
+        EXPECT_EQ(after.mid(8, before.size() - 8), before.mid(8));
     }
     // Our image reader shows the coded pixels the chosen way (coded = the same file rewritten to 1).
     const QImage shown = *loadCorrectImageOriented(path);
@@ -119,49 +115,18 @@ TEST_P(RealFileRewrite, ChangesOnlyTheOrientation)
 }
 
 const RewriteCase rewriteCases[] = {
-    {"hopper.jpg", -1}, // JFIF, no Exif at all
-    {"Landscape_3.jpg", 1}, // the value's low byte (big-endian Exif)
-    {"Portrait_0.jpg", 1}, // invalid value 0 in the tag
-    {"orientation_rectangle.jpg", 1}, {"g4_orientation_1.tif", 1}, {"g4_orientation_6.tif", 1},
-    {"exif.png", 1 + 4 + 1 + 4}, // eXIf after IDAT and its CRC, orNT and its CRC
-    {"xmp_tags_orientation_exiftool.png", -1}, // no eXIf chunk, XMP with the tag
-    {"exif_imagemagick_orientation.png", -1}, // no eXIf chunk, ImageMagick's raw Exif profile
+    { "hopper.jpg", -1 }, // JFIF, no Exif at all
+    { "Landscape_3.jpg", 1 }, // the value's low byte (big-endian Exif)
+    { "Portrait_0.jpg", 1 }, // invalid value 0 in the tag
+    { "orientation_rectangle.jpg", 1 }, { "g4_orientation_1.tif", 1 }, { "g4_orientation_6.tif", 1 },
+    { "untagged II.tif", -1 }, { "untagged MM.tif", -1 },
+    { "exif.png", 1 + 4 + 1 + 4 }, // eXIf after IDAT and its CRC, orNT and its CRC
+    { "xmp_tags_orientation_exiftool.png", -1 }, // no eXIf chunk, XMP with the tag
+    { "exif_imagemagick_orientation.png", -1 }, // no eXIf chunk, ImageMagick's raw Exif profile
 };
 
 INSTANTIATE_TEST_SUITE_P(
     AllValues, RealFileRewrite, ::testing::Combine(::testing::ValuesIn(rewriteCases), ::testing::Range(1, 9)));
-
-// A 3x1 8-bit gray uncompressed TIFF without an Orientation tag, in either byte order; its
-// odd length makes the appended IFD need a padding byte.
-QByteArray untaggedTiff(bool little)
-{
-    const quint32 pixels = TestSupport::tiffTailOffset(8);
-    return TestSupport::tiffBlock(little,
-        {{256, 4, 1, 3}, {257, 4, 1, 1}, {258, 3, 1, 8}, {259, 3, 1, 1}, {262, 3, 1, 1}, {273, 4, 1, pixels},
-            {278, 4, 1, 1}, {279, 4, 1, 3}},
-        0, QByteArray("\x10\x80\xF0", 3));
-}
-
-TEST(RealFileRewrite, TiffWithoutTagKeepsEveryOriginalByteButTheIfd0Pointer)
-{
-    for (const bool little : {true, false}) {
-        SCOPED_TRACE(little ? "little-endian" : "big-endian");
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("untagged.tif"));
-        const QByteArray tiff = untaggedTiff(little);
-        ASSERT_TRUE(writeAll(path, tiff));
-        const QImage pixels = codedPixels(path);
-        ASSERT_EQ(pixels.size(), QSize(3, 1));
-
-        ExifOrientationWriter::rewrite(path, 8);
-
-        const QByteArray after = readAll(path);
-        EXPECT_EQ(readExifOrientation(readAll(path)), 8);
-        EXPECT_EQ(codedPixels(path), pixels);
-        EXPECT_EQ(after.left(4), tiff.left(4));
-        EXPECT_EQ(after.mid(8, tiff.size() - 8), tiff.mid(8));
-    }
-}
 
 struct FailureCase {
     const char *name;
@@ -172,14 +137,14 @@ struct FailureCase {
 TEST(RewriteFailure, ReportsTheErrorAndLeavesTheFileAlone)
 {
     const FailureCase cases[] = {
-        {"hopper.gif", readAll(data + QStringLiteral("/other/hopper.gif")), "Unsupported format: image/gif"},
-        {"hopper.webp", readAll(data + QStringLiteral("/other/hopper.webp")), "Unsupported format: image/webp"},
-        {"hopper.bmp", readAll(data + QStringLiteral("/other/hopper.bmp")), "Unsupported format: image/bmp"},
-        {"notes.jpg", "just some text\n", "Could not determine file type"},
-        {"noise.jpg", QByteArray("\x01\x02\x03\x9a\xff\x00\x17", 7), "Could not determine file type"},
-        {"empty.jpg", QByteArray(), "Could not read the file"},
-        {"cut.jpg", readAll(data + QStringLiteral("/orientation/hopper.jpg")).left(300), "Could not read the file"},
-        {"cut.png", readAll(data + QStringLiteral("/orientation/exif.png")).left(5000), "Could not read the file"},
+        { "hopper.gif", readAll(testData(QStringLiteral("other/hopper.gif"))), "Unsupported format: image/gif" },
+        { "hopper.webp", readAll(testData(QStringLiteral("other/hopper.webp"))), "Unsupported format: image/webp" },
+        { "hopper.bmp", readAll(testData(QStringLiteral("other/hopper.bmp"))), "Unsupported format: image/bmp" },
+        { "notes.jpg", "just some text\n", "Could not determine file type" },
+        { "noise.jpg", QByteArray("\x01\x02\x03\x9a\xff\x00\x17", 7), "Could not determine file type" },
+        { "empty.jpg", QByteArray(), "Could not read the file" },
+        { "cut.jpg", readAll(testData(QStringLiteral("orientation/hopper.jpg"))).left(300), "Could not read the file" },
+        { "cut.png", readAll(testData(QStringLiteral("orientation/exif.png"))).left(5000), "Could not read the file" },
     };
     QTemporaryDir dir;
     for (const FailureCase &c : cases) {
@@ -198,13 +163,10 @@ TEST(RewriteFailure, ReportsTheErrorAndLeavesTheFileAlone)
 TEST(RewriteRun, ContinuesPastAReadOnlyFileAndSummarises)
 {
     QTemporaryDir dir;
-    const QStringList names
-        = {QStringLiteral("Landscape_1.jpg"), QStringLiteral("exif.png"), QStringLiteral("g4_orientation_2.tif")};
     QStringList paths;
-    for (const QString &name : names) {
-        paths << dir.filePath(name);
-        ASSERT_TRUE(QFile::copy(data + QStringLiteral("/orientation/") + name, paths.last()));
-    }
+    for (const char *name : { "Landscape_1.jpg", "exif.png", "g4_orientation_2.tif" })
+        paths << copiedInto(dir, QStringLiteral("orientation/") + QLatin1String(name));
+    ASSERT_FALSE(paths.contains(QString()));
     QFile::setPermissions(paths[1], QFileDevice::ReadOwner);
     const QByteArray readOnlyBefore = readAll(paths[1]);
     QList<int> progress;

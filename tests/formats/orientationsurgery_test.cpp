@@ -10,9 +10,11 @@
 #include "formats/pngorientation.h"
 #include "formats/textorientation.h"
 #include "formats/tifforientation.h"
-#include "tests/formats/tiffblockbuilder.h"
+#include "tests/formats/bytebuilders.h"
 
 using namespace Vorel;
+using TestSupport::pngChunk;
+using TestSupport::pngSignature;
 using TestSupport::tiffBlock;
 using TestSupport::tiffTailOffset;
 
@@ -146,41 +148,22 @@ TEST(JpegOrientation, RefusesMalformedFiles)
         EXPECT_FALSE(jpegWithOrientation(c.block, 6)) << c.name;
 }
 
-QByteArray chunk(const char *type, const QByteArray &data, quint32 crcFlip = 0)
-{
-    // CRC-32 computed independently with the textbook bitwise loop.
-    const QByteArray body = QByteArray(type) + data;
-    quint32 crc = 0xFFFFFFFF;
-    for (const char byte : body) {
-        crc ^= quint8(byte);
-        for (int k = 0; k < 8; ++k)
-            crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
-    }
-    crc = ~crc ^ crcFlip;
-    QByteArray out;
-    for (const quint32 v : {quint32(data.size()), crc})
-        for (int i = 3; i >= 0; --i)
-            out.append(char(v >> 8 * i));
-    return out.left(4) + body + out.mid(4);
-}
-
-const QByteArray pngSignature("\x89PNG\r\n\x1a\n", 8);
-const QByteArray ihdr = chunk("IHDR", QByteArray("\0\0\0\x01\0\0\0\x01\x08\0\0\0\0", 13));
-const QByteArray idat = chunk("IDAT", QByteArray("\x78\x9c\x63\x60\x00\x00\x00\x02\x00\x01", 10));
-const QByteArray iend = chunk("IEND", {});
+const QByteArray ihdr = pngChunk("IHDR", QByteArray("\0\0\0\x01\0\0\0\x01\x08\0\0\0\0", 13));
+const QByteArray idat = pngChunk("IDAT", QByteArray("\x78\x9c\x63\x60\x00\x00\x00\x02\x00\x01", 10));
+const QByteArray iend = pngChunk("IEND", {});
 
 TEST(PngOrientation, RefusesBrokenChunks)
 {
     const QByteArray good = pngSignature + ihdr + idat + iend;
     const MalformedCase cases[] = {
-        {"bad signature", QByteArray("\x89PNG\r\n\x1a\r") + good.mid(8)},
-        {"CRC mismatch", pngSignature + chunk("IHDR", ihdr.mid(8, 13), 1) + idat + iend},
-        {"length past the end", pngSignature + ihdr + QByteArray("\0\0\x10\0IDAT", 8) + idat.mid(8) + iend},
-        {"huge length", pngSignature + ihdr + QByteArray("\xFF\xFF\xFF\xF0IDAT", 8) + idat.mid(8) + iend},
-        {"no IEND", pngSignature + ihdr + idat},
-        {"no IDAT", pngSignature + ihdr + iend},
-        {"IHDR not first", pngSignature + idat + ihdr + iend},
-        {"malformed eXIf", pngSignature + ihdr + chunk("eXIf", "MM\0*\0\0\0\0") + idat + iend},
+        { "bad signature", QByteArray("\x89PNG\r\n\x1a\r") + good.mid(8) },
+        { "CRC mismatch", pngSignature + pngChunk("IHDR", ihdr.mid(8, 13), 1) + idat + iend },
+        { "length past the end", pngSignature + ihdr + QByteArray("\0\0\x10\0IDAT", 8) + idat.mid(8) + iend },
+        { "huge length", pngSignature + ihdr + QByteArray("\xFF\xFF\xFF\xF0IDAT", 8) + idat.mid(8) + iend },
+        { "no IEND", pngSignature + ihdr + idat },
+        { "no IDAT", pngSignature + ihdr + iend },
+        { "IHDR not first", pngSignature + idat + ihdr + iend },
+        { "malformed eXIf", pngSignature + ihdr + pngChunk("eXIf", "MM\0*\0\0\0\0") + idat + iend },
     };
     for (const MalformedCase &c : cases)
         EXPECT_FALSE(pngWithOrientation(c.block, 2)) << c.name;

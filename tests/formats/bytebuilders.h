@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Test helper: builds small classic TIFF blocks byte by byte (header, IFD0 at offset 8, tail).
+// Test helper: builds small classic TIFF blocks (header, IFD0 at offset 8, tail) and PNG chunks
+// byte by byte.
 #pragma once
 
 #include <vector>
@@ -47,5 +48,25 @@ inline quint32 tiffTailOffset(std::size_t entryCount)
 {
     return quint32(8 + 2 + 12 * entryCount + 4);
 }
+
+// Length, type, data and CRC; the CRC-32 computed independently with the textbook bitwise loop,
+// then XORed with `crcFlip` to make it wrong on purpose.
+inline QByteArray pngChunk(const char *type, const QByteArray &data, quint32 crcFlip = 0)
+{
+    const QByteArray body = QByteArray(type) + data;
+    quint32 crc = 0xFFFFFFFF;
+    for (const char byte : body) {
+        crc ^= quint8(byte);
+        for (int k = 0; k < 8; ++k)
+            crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
+    }
+    QByteArray chunk;
+    putTiff(chunk, false, quint32(data.size()), 4);
+    chunk += body;
+    putTiff(chunk, false, ~crc ^ crcFlip, 4);
+    return chunk;
+}
+
+inline const QByteArray pngSignature("\x89PNG\r\n\x1a\n", 8);
 
 } // namespace Vorel::TestSupport
