@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Encoding by extension, and never replacing a good file with a broken one.
-#include <QFile>
 #include <QDir>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include "formats/imagereader.h"
 #include "formats/imagewriter.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
+using namespace Vorel::TestSupport;
 
 namespace {
 
@@ -21,13 +21,6 @@ QImage gradient(int w, int h)
         for (int x = 0; x < w; ++x)
             image.setPixel(x, y, qRgb(x * 255 / w, y * 255 / h, 128));
     return image;
-}
-
-QByteArray head(const QString &path, int n)
-{
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.read(n);
 }
 
 TEST(ImageWriter, EncodesByLowerCasedExtension)
@@ -47,7 +40,7 @@ TEST(ImageWriter, EncodesByLowerCasedExtension)
     for (const auto &row : rows) {
         const QString path = dir.filePath(QString::fromLatin1(row.name));
         ASSERT_TRUE(writeImage(image, path)) << row.name;
-        EXPECT_EQ(head(path, 12).mid(row.at, row.magic.size()), row.magic) << row.name;
+        EXPECT_EQ(readAll(path).mid(row.at, row.magic.size()), row.magic) << row.name;
         const std::optional<QImage> back = loadCorrectImageOriented(path);
         ASSERT_TRUE(back) << row.name;
         EXPECT_EQ(back->size(), image.size()) << row.name;
@@ -58,13 +51,10 @@ TEST(ImageWriter, FailedWriteLeavesTheOldFile)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("keep.jpg"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("good old bytes");
-    file.close();
+    ASSERT_TRUE(writeAll(path, "good old bytes"));
     EXPECT_FALSE(writeImage(QImage(), path));
     EXPECT_FALSE(writeImage(gradient(8, 8), dir.filePath(QStringLiteral("missing-folder/x.png"))));
-    EXPECT_EQ(head(path, 100), QByteArray("good old bytes"));
+    EXPECT_EQ(readAll(path), QByteArray("good old bytes"));
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files).size(), 1); // no temporary left behind
 }
 

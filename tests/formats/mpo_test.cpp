@@ -1,19 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // MPO extraction over real camera files and broken ones.
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 #include "formats/mpindex.h"
 #include "formats/mpo.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
+using namespace Vorel::TestSupport;
 
 namespace {
-
-const QString data = QStringLiteral(VOREL_TEST_DATA);
 
 struct MpoCase {
     const char *file;
@@ -38,9 +35,8 @@ TEST(Mpo, ExtractsOrFailsWithTheRightCode)
         {"does-not-exist.mpo", 0, {}, {}},
     };
     for (const MpoCase &c : cases) {
-        const QString path = data + QLatin1Char('/') + QLatin1String(c.file);
         try {
-            const auto [left, right] = extractMPO(path);
+            const auto [left, right] = extractMPO(testData(QLatin1String(c.file)));
             EXPECT_EQ(c.errorCode, -1) << c.file;
             EXPECT_EQ(left.size(), c.left) << c.file;
             EXPECT_EQ(right.size(), c.right) << c.file;
@@ -54,9 +50,7 @@ TEST(Mpo, ExtractsOrFailsWithTheRightCode)
 
 TEST(Mpo, IndexOfBothByteOrdersAndCutFiles)
 {
-    QFile file(data + QStringLiteral("/mpo/Panasonic-DMC-GX8.mpo"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = readAll(testData(QStringLiteral("mpo/Panasonic-DMC-GX8.mpo")));
     const std::vector<MpPicture> pictures = readMpIndex(bytes);
     ASSERT_EQ(pictures.size(), 2u);
     EXPECT_EQ(pictures[0].offset, 0);
