@@ -3,7 +3,6 @@
 // HEIC orientation rewrites read back with libheif, which applies irot/imir on decode: the
 // result must look like the coded pixels under the EXIF orientation, and the image data must
 // not change. Small files are encoded here with and without existing transforms.
-#include <QFile>
 #include <QImage>
 
 #include <gtest/gtest.h>
@@ -13,18 +12,12 @@
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/heiforientation.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
+using namespace Vorel::TestSupport;
 
 namespace {
-
-const QString data = QStringLiteral(VOREL_TEST_DATA);
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // A lossless 64x32 gradient, stored with libheif's own transforms for `storedOrientation`.
 QByteArray encodedHeic(int storedOrientation)
@@ -55,11 +48,9 @@ QByteArray encodedHeic(int storedOrientation)
 // The primary image as libheif shows it, or its coded pixels when `transformed` is false.
 QImage decodedPrimary(const QByteArray &file, bool transformed)
 {
-    const Heif::Context context(heif_context_alloc());
+    const Heif::Context context = Heif::openContext(file);
     heif_image_handle *handle = nullptr;
-    if (heif_context_read_from_memory_without_copy(context.get(), file.constData(), size_t(file.size()), nullptr).code
-            != heif_error_Ok
-        || heif_context_get_primary_image_handle(context.get(), &handle).code != heif_error_Ok)
+    if (!context || heif_context_get_primary_image_handle(context.get(), &handle).code != heif_error_Ok)
         return {};
     const Heif::Handle ownedHandle(handle);
     heif_decoding_options *options = heif_decoding_options_alloc();
@@ -120,15 +111,12 @@ TEST(HeifRewrite, RealFilesKeepTheirImageData)
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.file);
-        const QByteArray before = readAll(data + QStringLiteral("/heic/") + QLatin1String(c.file));
+        const QByteArray before = readAll(testData(QStringLiteral("heic/") + QLatin1String(c.file)));
         const std::optional<QByteArray> after = heifWithOrientation(before, 8);
         ASSERT_TRUE(after);
         const QByteArray mdatBefore = mediaData(before), mdatAfter = mediaData(*after);
         ASSERT_EQ(mdatAfter.size(), mdatBefore.size());
-        int changed = 0; // the Exif tag's value byte and the XMP digit, where the file has them
-        for (qsizetype i = 0; i < mdatBefore.size(); ++i)
-            changed += mdatBefore[i] != mdatAfter[i];
-        EXPECT_LE(changed, 2);
+        EXPECT_LE(changedBytes(mdatBefore, mdatAfter), 2); // the Exif tag's value byte and the XMP digit
         EXPECT_EQ(decodedPrimary(*after, true).size(), c.shownAs8);
     }
 }
