@@ -3,24 +3,18 @@
 // The HEIF box layer: growing meta in the item location layouts real files use (absolute base
 // offsets, absolute extent offsets with tiles, idat grids) keeps every image decodable and
 // identical; entity groups and property associations in their edge layouts.
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/heifmetaedit.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::Heif;
+using namespace Vorel::TestSupport;
 
 namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 std::optional<QImage> decodePrimary(const QByteArray &bytes)
 {
@@ -44,7 +38,7 @@ TEST(HeifMetaEdit, GrowingMetaKeepsImagesIdentical)
     // vision-pro: tiles at absolute extent offsets, grids in idat; example: libheif's base offsets;
     // rainbow: an odd-sized grid.
     for (const char *name : {"vision-pro.HEIC", "example.heic", "rainbow-451x461.heic"}) {
-        const QByteArray original = readAll(QStringLiteral(VOREL_TEST_DATA "/heic/") + QLatin1String(name));
+        const QByteArray original = readAll(testData(QStringLiteral("heic/") + QLatin1String(name)));
         const BoxSpan iprp = requireBox(metaChildren(original), "iprp");
         const QByteArray padding = makeBox("free", QByteArray(1000, '\x55'));
         const QByteArray grown =

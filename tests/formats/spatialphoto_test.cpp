@@ -4,9 +4,7 @@
 // the real headset capture, and each error with its text.
 #include <cmath>
 
-#include <QFile>
 #include <QtEndian>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -16,12 +14,14 @@
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/spatialphoto.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
+using namespace Vorel::TestSupport;
 
 namespace {
 
-const QString data = QStringLiteral(VOREL_TEST_DATA "/heic/");
+const QString data = testData(QStringLiteral("heic/"));
 
 QImage filled(int w, int h, QRgb colour)
 {
@@ -91,26 +91,23 @@ TEST(CameraProperties, IntrinsicsRoundTrip)
 // two entities of the capture's group swaps the eyes.
 TEST(SpatialPhoto, ReadsTheHeadsetCaptureInGroupOrder)
 {
-    QFile file(data + QStringLiteral("vision-pro.HEIC"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray bytes = file.readAll();
+    const QString capture = data + QStringLiteral("vision-pro.HEIC");
+    QByteArray bytes = readAll(capture);
     const SpatialParameters parameters = readSpatialParameters(bytes);
     EXPECT_NEAR(*parameters.fov, 80.0, 1e-3);
     EXPECT_EQ(parameters.stb, 0.063774);
     EXPECT_EQ(parameters.adj, 293);
 
-    const ImagePair pair = readSpatialPhoto(file.fileName());
+    const ImagePair pair = readSpatialPhoto(capture);
     EXPECT_EQ(pair.left.size(), QSize(2560, 2560));
     EXPECT_FALSE(pair.left == pair.right);
     const qsizetype entities = bytes.indexOf("ster") + 16;
     const QByteArray first = bytes.mid(entities, 4);
     bytes.replace(entities, 4, bytes.mid(entities + 4, 4)).replace(entities + 4, 4, first);
     QTemporaryDir dir;
-    QFile swapped(dir.filePath(QStringLiteral("swapped.heic")));
-    ASSERT_TRUE(swapped.open(QIODevice::WriteOnly));
-    swapped.write(bytes);
-    swapped.close();
-    const ImagePair reversed = readSpatialPhoto(swapped.fileName());
+    const QString swapped = dir.filePath(QStringLiteral("swapped.heic"));
+    ASSERT_TRUE(writeAll(swapped, bytes));
+    const ImagePair reversed = readSpatialPhoto(swapped);
     EXPECT_TRUE(reversed.left == pair.right);
     EXPECT_TRUE(reversed.right == pair.left);
 }
@@ -122,8 +119,8 @@ TEST(SpatialPhoto, ReadsTheHeadsetCaptureInGroupOrder)
 // readers that do not know them still decode.
 TEST(SpatialPhoto, WriteThenReadKeepsEyesParametersAndProperties)
 {
-    const QImage left = QImage(QStringLiteral(VOREL_TEST_DATA "/stereo/left.jpg")).copy(0, 0, 611, 459);
-    const QImage right = QImage(QStringLiteral(VOREL_TEST_DATA "/stereo/right.jpg")).copy(0, 0, 611, 459);
+    const QImage left = QImage(testData(QStringLiteral("stereo/left.jpg"))).copy(0, 0, 611, 459);
+    const QImage right = QImage(testData(QStringLiteral("stereo/right.jpg"))).copy(0, 0, 611, 459);
     ASSERT_FALSE(left.isNull() || right.isNull());
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("photo.heic"));
@@ -131,19 +128,10 @@ TEST(SpatialPhoto, WriteThenReadKeepsEyesParametersAndProperties)
     const ImagePair back = readSpatialPhoto(path);
     for (const auto &[source, decoded] : {std::pair{left, back.left}, std::pair{right, back.right}}) {
         ASSERT_EQ(decoded.size(), QSize(610, 458));
-        const QImage even = source.convertToFormat(QImage::Format_RGB32).copy(0, 0, 610, 458);
-        double squares = 0;
-        for (int y = 0; y < even.height(); ++y)
-            for (int x = 0; x < even.width(); ++x) {
-                const QRgb a = even.pixel(x, y), b = decoded.pixel(x, y);
-                squares += std::pow(qRed(a) - qRed(b), 2) + std::pow(qGreen(a) - qGreen(b), 2) + std::pow(qBlue(a) - qBlue(b), 2);
-            }
-        EXPECT_GE(10 * std::log10(255.0 * 255.0 * 3 * even.width() * even.height() / squares), 40.0);
+        EXPECT_GE(pixelDifference(source.copy(0, 0, 610, 458), decoded).psnr, 40.0);
     }
 
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = readAll(path);
     const SpatialParameters parameters = readSpatialParameters(bytes);
     EXPECT_NEAR(*parameters.fov, 90, 1e-6);
     EXPECT_EQ(parameters.adj, -35);
@@ -177,10 +165,8 @@ TEST(SpatialPhoto, Errors)
 {
     QTemporaryDir dir;
     const auto save = [&](const char *name, const QByteArray &content) {
-        QFile out(dir.filePath(QLatin1String(name)));
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(content);
-        return out.fileName();
+        EXPECT_TRUE(writeAll(dir.filePath(QLatin1String(name)), content));
+        return dir.filePath(QLatin1String(name));
     };
     const Heif::Context context(heif_context_alloc());
     Heif::encodeImage(context.get(), filled(16, 16, qRgb(1, 2, 3)), 50);
@@ -188,30 +174,29 @@ TEST(SpatialPhoto, Errors)
     const QString twoImages = save("two.heic", *Heif::writeContext(context.get()));
     // The capture damaged: a stereo group claiming three entities in room for two, and the file
     // cut in the middle of its picture data.
-    QFile capture(data + QStringLiteral("vision-pro.HEIC"));
-    ASSERT_TRUE(capture.open(QIODevice::ReadOnly));
-    const QByteArray bytes = capture.readAll();
+    const QByteArray bytes = readAll(data + QStringLiteral("vision-pro.HEIC"));
     QByteArray lyingGroup = bytes;
     lyingGroup[lyingGroup.indexOf("ster") + 15] = 3;
     const QString lying = save("lying.heic", lyingGroup), cut = save("cut.heic", bytes.left(bytes.size() / 2));
     const QImage eye = filled(8, 8, qRgb(9, 9, 9));
     const std::pair<std::function<void()>, QString> cases[] = {
-        {[&] { readSpatialPhoto(data + QStringLiteral("colors-no-alpha-thumbnail.heic")); },
-         QStringLiteral("This is not a spartial photo: Does not contain two or more images (count=1)")},
-        {[&] { readSpatialPhoto(data + QStringLiteral("example.heic")); },
-         QStringLiteral("This is not a spartial photo: No stereo pair group found")},
-        {[&] { readSpatialPhoto(twoImages); }, QStringLiteral("This is not a spartial photo: No stereo pair group found")},
-        {[&] { readSpatialPhoto(dir.filePath(QStringLiteral("missing.heic"))); },
-         QStringLiteral("Could not open the file: missing.heic")},
-        {[&] { readSpatialPhoto(QStringLiteral(VOREL_TEST_DATA "/stereo/left01.jpg")); },
-         QStringLiteral("Could not open the file: left01.jpg")},
-        {[&] { writeSpatialPhoto(eye, eye, dir.filePath(QStringLiteral("no/such/dir/x.heic")), 200, 63.4, 0.01924); },
-         QStringLiteral("Could not create the output destination: x.heic")},
-        {[&] { writeSpatialPhoto(QImage(), eye, dir.filePath(QStringLiteral("y.heic")), 200, 63.4, 0.01924); },
-         QStringLiteral("Could not convert NSImage to CGImage")},
-        {[&] { readSpatialPhoto(lying); },
-         QStringLiteral("This is not a spartial photo: The container property cannot be retrieved.")},
-        {[&] { readSpatialPhoto(cut); }, QStringLiteral("Could not open the file: cut.heic")},
+        { [&] { readSpatialPhoto(data + QStringLiteral("colors-no-alpha-thumbnail.heic")); },
+            QStringLiteral("This is not a spartial photo: Does not contain two or more images (count=1)") },
+        { [&] { readSpatialPhoto(data + QStringLiteral("example.heic")); },
+            QStringLiteral("This is not a spartial photo: No stereo pair group found") },
+        { [&] { readSpatialPhoto(twoImages); },
+            QStringLiteral("This is not a spartial photo: No stereo pair group found") },
+        { [&] { readSpatialPhoto(dir.filePath(QStringLiteral("missing.heic"))); },
+            QStringLiteral("Could not open the file: missing.heic") },
+        { [&] { readSpatialPhoto(testData(QStringLiteral("stereo/left01.jpg"))); },
+            QStringLiteral("Could not open the file: left01.jpg") },
+        { [&] { writeSpatialPhoto(eye, eye, dir.filePath(QStringLiteral("no/such/dir/x.heic")), 200, 63.4, 0.01924); },
+            QStringLiteral("Could not create the output destination: x.heic") },
+        { [&] { writeSpatialPhoto(QImage(), eye, dir.filePath(QStringLiteral("y.heic")), 200, 63.4, 0.01924); },
+            QStringLiteral("Could not convert NSImage to CGImage") },
+        { [&] { readSpatialPhoto(lying); },
+            QStringLiteral("This is not a spartial photo: The container property cannot be retrieved.") },
+        { [&] { readSpatialPhoto(cut); }, QStringLiteral("Could not open the file: cut.heic") },
     };
     for (const auto &[run, text] : cases)
         EXPECT_EQ(errorOf(run), text);
