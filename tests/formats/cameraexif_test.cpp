@@ -2,11 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The camera's Exif read from every container and kept, fixed up for our pixels, in every
 // format we write, as exiftool sees it.
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -15,22 +11,20 @@
 #include "formats/imagewriter.h"
 #include "formats/spatialphoto.h"
 #include "formats/stereofilewriter.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
+using namespace Vorel::TestSupport;
 
 namespace {
 
-const QString data = QStringLiteral(VOREL_TEST_DATA "/");
-
 QJsonObject exiftoolTags(const QString &path)
 {
-    QProcess exiftool;
-    exiftool.start(QStringLiteral("exiftool"),
-                   {QStringLiteral("-j"), QStringLiteral("-n"), QStringLiteral("-DateTimeOriginal"), QStringLiteral("-Model"),
-                    QStringLiteral("-Orientation"), QStringLiteral("-ExifImageWidth"), QStringLiteral("-ExifImageHeight"),
-                    QStringLiteral("-ColorSpace"), QStringLiteral("-ThumbnailLength"), QStringLiteral("-MPFVersion"), path});
-    exiftool.waitForFinished(60000);
-    return QJsonDocument::fromJson(exiftool.readAllStandardOutput()).array().at(0).toObject();
+    QStringList arguments;
+    for (const char *tag : { "DateTimeOriginal", "Model", "Orientation", "ExifImageWidth", "ExifImageHeight",
+             "ColorSpace", "ThumbnailLength", "MPFVersion" })
+        arguments << QLatin1Char('-') + QLatin1String(tag);
+    return exiftoolJson(arguments << path).at(0).toObject();
 }
 
 TEST(CameraExif, ReadFromEveryContainerFromTheHeaders)
@@ -46,7 +40,7 @@ TEST(CameraExif, ReadFromEveryContainerFromTheHeaders)
         {"does-not-exist.jpg", ""},
     };
     for (const auto &row : rows) {
-        const QByteArray exif = readCameraExif(data + QLatin1String(row.file));
+        const QByteArray exif = readCameraExif(testData(QLatin1String(row.file)));
         EXPECT_EQ(exif.left(qstrlen(row.start)), QByteArray(row.start)) << row.file;
         EXPECT_EQ(exif.isEmpty(), !*row.start) << row.file;
     }
@@ -56,7 +50,7 @@ TEST(CameraExif, ReadFromEveryContainerFromTheHeaders)
 
 TEST(CameraExif, KeptInEveryWrittenFormat)
 {
-    const QByteArray camera = readCameraExif(data + QStringLiteral("mpo/Panasonic-DMC-GX8.mpo"));
+    const QByteArray camera = readCameraExif(testData(QStringLiteral("mpo/Panasonic-DMC-GX8.mpo")));
     const QImage image(120, 80, QImage::Format_RGB32);
     QTemporaryDir dir;
     const struct {
@@ -65,25 +59,26 @@ TEST(CameraExif, KeptInEveryWrittenFormat)
     } rows[] = {{"a.jpg", {120, 80}}, {"a.png", {120, 80}},         {"a.tif", {120, 80}}, {"a.heic", {120, 80}},
                 {"a.mpo", {120, 80}}, {"a.jps", {240, 80}},         {"spatial.heic", {120, 80}}};
     for (const auto &row : rows) {
-        const QString path = dir.filePath(QLatin1String(row.name));
-        const QString name = QLatin1String(row.name);
-        if (name == QLatin1String("a.mpo") || name == QLatin1String("a.jps"))
-            writeStereoFile(image, image, path, name.endsWith(QLatin1String("mpo")) ? StereoFileFormat::mpo : StereoFileFormat::jps, camera);
-        else if (name == QLatin1String("spatial.heic"))
+        SCOPED_TRACE(row.name);
+        const QString name = QLatin1String(row.name), path = dir.filePath(name);
+        if (name == QLatin1String("spatial.heic"))
             writeSpatialPhoto(image, image, path, 0, 60, 0.065, camera);
+        else if (name == QLatin1String("a.mpo") || name == QLatin1String("a.jps"))
+            writeStereoFile(image, image, path,
+                name == QLatin1String("a.mpo") ? StereoFileFormat::mpo : StereoFileFormat::jps, camera);
         else
-            ASSERT_TRUE(writeImage(image, path, camera)) << row.name;
+            ASSERT_TRUE(writeImage(image, path, camera));
         const QJsonObject tags = exiftoolTags(path);
-        EXPECT_EQ(tags[QLatin1String("DateTimeOriginal")].toString(), QStringLiteral("2020:08:10 11:16:55")) << row.name;
-        EXPECT_EQ(tags[QLatin1String("Model")].toString(), QStringLiteral("DMC-GX8")) << row.name;
-        EXPECT_EQ(tags[QLatin1String("Orientation")].toInt(), 1) << row.name;
-        EXPECT_EQ(tags[QLatin1String("ColorSpace")].toInt(), 1) << row.name; // our pixels are sRGB
+        EXPECT_EQ(tags[QLatin1String("DateTimeOriginal")].toString(), QStringLiteral("2020:08:10 11:16:55"));
+        EXPECT_EQ(tags[QLatin1String("Model")].toString(), QStringLiteral("DMC-GX8"));
+        EXPECT_EQ(tags[QLatin1String("Orientation")].toInt(), 1);
+        EXPECT_EQ(tags[QLatin1String("ColorSpace")].toInt(), 1); // our pixels are sRGB
         EXPECT_EQ(QSize(tags[QLatin1String("ExifImageWidth")].toInt(), tags[QLatin1String("ExifImageHeight")].toInt()),
-                  row.size) << row.name;
-        EXPECT_FALSE(tags.contains(QLatin1String("ThumbnailLength"))) << row.name;
-        EXPECT_EQ(tags.contains(QLatin1String("MPFVersion")), name == QLatin1String("a.mpo")) << row.name; // only our own index
-        EXPECT_FALSE(readCameraExif(path).isEmpty()) << row.name;
-        EXPECT_TRUE(loadCorrectImageOriented(path)) << row.name; // the container is still whole
+            row.size);
+        EXPECT_FALSE(tags.contains(QLatin1String("ThumbnailLength")));
+        EXPECT_EQ(tags.contains(QLatin1String("MPFVersion")), name == QLatin1String("a.mpo")); // only our own index
+        EXPECT_FALSE(readCameraExif(path).isEmpty());
+        EXPECT_TRUE(loadCorrectImageOriented(path)); // the container is still whole
     }
 }
 

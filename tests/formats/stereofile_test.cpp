@@ -5,10 +5,7 @@
 #include <unistd.h> // geteuid
 
 #include <QDir>
-#include <QFile>
 #include <QPainter>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -20,12 +17,12 @@
 #include "formats/mpo.h"
 #include "formats/sidebysidejpeg.h"
 #include "formats/stereofilewriter.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
+using namespace Vorel::TestSupport;
 
 namespace {
-
-const QString data = QStringLiteral(VOREL_TEST_DATA);
 
 QImage pattern(int w, int h, int seed)
 {
@@ -36,20 +33,6 @@ QImage pattern(int w, int h, int seed)
     return image;
 }
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QByteArray run(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished(60000);
-    return process.readAllStandardOutput();
-}
-
 // What a reader gets from the picture encoded on its own.
 QImage decoded(const QImage &picture)
 {
@@ -57,42 +40,37 @@ QImage decoded(const QImage &picture)
     return *decodeJpeg(jpeg.constData(), jpeg.size());
 }
 
-TEST(MpoWriter, ReadsBackInOurReaderExiftoolAndPillow)
+// The pair as our reader, exiftool and Pillow read it back, and the MP segments as
+// docs/mpo-layout.md draws them, with and without an Exif segment in front.
+TEST(MpoWriter, ReadsBackEverywhereWithTheDocumentedIndex)
 {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("pair.mpo"));
-    const QImage left = pattern(320, 240, 1), right = pattern(320, 240, 2);
-    writeStereoFile(left, right, path, StereoFileFormat::mpo, readCameraExif(data + QStringLiteral("/mpo/Panasonic-DMC-GX8.mpo")));
-
-    const auto [readLeft, readRight] = extractMPO(path);
-    EXPECT_EQ(readLeft, decoded(left));
-    EXPECT_EQ(readRight, decoded(right));
-
-    const QByteArray file = readAll(path);
-    const std::vector<MpPicture> pictures = readMpIndex(file);
-    ASSERT_EQ(pictures.size(), 2u);
-    EXPECT_EQ(pictures[1].offset, pictures[0].size); // no gap
-    EXPECT_EQ(pictures[1].offset + pictures[1].size, file.size());
-    const QByteArray second = file.mid(pictures[1].offset);
-    EXPECT_TRUE(second.startsWith("\xFF\xD8") && second.endsWith("\xFF\xD9"));
-    EXPECT_EQ(run(QStringLiteral("exiftool"), {QStringLiteral("-MPImage2"), QStringLiteral("-b"), path}), second);
-    EXPECT_EQ(run(QStringLiteral("/usr/bin/python3"),
-                  {QStringLiteral("-c"), QStringLiteral("import sys; from PIL import Image; im = Image.open(sys.argv[1]); "
-                                                        "print(im.format, im.n_frames)"),
-                   path})
-                  .trimmed(),
-              QByteArray("MPO 2"));
-}
-
-// The MP segments as docs/mpo-layout.md draws them, with and without an Exif segment in front.
-TEST(MpoWriter, IndexBytesFollowTheDocumentedLayout)
-{
-    const QByteArray exifs[] = {{}, readCameraExif(data + QStringLiteral("/mpo/Panasonic-DMC-GX8.mpo"))};
+    const QByteArray exifs[] = { {}, readCameraExif(testData(QStringLiteral("mpo/Panasonic-DMC-GX8.mpo"))) };
     for (const QByteArray &exif : exifs) {
+        SCOPED_TRACE(exif.size());
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("pair.mpo"));
-        writeStereoFile(pattern(64, 48, 3), pattern(64, 48, 4), path, StereoFileFormat::mpo, exif);
+        const QImage left = pattern(64, 48, 3), right = pattern(64, 48, 4);
+        writeStereoFile(left, right, path, StereoFileFormat::mpo, exif);
+        const auto [readLeft, readRight] = extractMPO(path);
+        EXPECT_EQ(readLeft, decoded(left));
+        EXPECT_EQ(readRight, decoded(right));
+
         const QByteArray file = readAll(path);
+        const std::vector<MpPicture> pictures = readMpIndex(file);
+        ASSERT_EQ(pictures.size(), 2u);
+        EXPECT_EQ(pictures[1].offset, pictures[0].size); // no gap
+        EXPECT_EQ(pictures[1].offset + pictures[1].size, file.size());
+        const QByteArray secondPicture = file.mid(pictures[1].offset);
+        EXPECT_TRUE(secondPicture.startsWith("\xFF\xD8") && secondPicture.endsWith("\xFF\xD9"));
+        EXPECT_EQ(runProgram(QStringLiteral("exiftool"), { QStringLiteral("-MPImage2"), QStringLiteral("-b"), path }),
+            secondPicture);
+        EXPECT_EQ(runProgram(QStringLiteral("/usr/bin/python3"),
+                      { QStringLiteral("-c"),
+                          QStringLiteral("import sys; from PIL import Image; im = Image.open(sys.argv[1]); "
+                                         "print(im.format, im.n_frames)"),
+                          path })
+                      .trimmed(),
+            QByteArray("MPO 2"));
         // Each picture: SOI, then the Exif APP1 when there is one, then the MP APP2.
         const auto app2 = [&](qsizetype picture) {
             qsizetype at = picture + 2;
@@ -100,8 +78,6 @@ TEST(MpoWriter, IndexBytesFollowTheDocumentedLayout)
                 at += 2 + (quint8(file[at + 2]) << 8 | quint8(file[at + 3]));
             return at;
         };
-        const std::vector<MpPicture> pictures = readMpIndex(file);
-        ASSERT_EQ(pictures.size(), 2u);
         const qsizetype first = app2(0), second = app2(pictures[1].offset);
         const qsizetype mpEndian = first + 8;
         const auto hex = [](qint64 value) { return QByteArray::number(value, 16).rightJustified(8, '0'); };
@@ -117,8 +93,8 @@ TEST(MpoWriter, IndexBytesFollowTheDocumentedLayout)
                                           "0005" "b000000700000004" "30313030" "b10100040000000100000002"
                                           "b20400040000000100000001" "b205000a000000010000004a"
                                           "b20600050000000100000052" "00000000" + unknowns;
-        EXPECT_EQ(file.mid(first, 0xA0).toHex(), firstExpected) << exif.size();
-        EXPECT_EQ(file.mid(second, 0x62).toHex(), secondExpected) << exif.size();
+        EXPECT_EQ(file.mid(first, 0xA0).toHex(), firstExpected);
+        EXPECT_EQ(file.mid(second, 0x62).toHex(), secondExpected);
         EXPECT_EQ(first, exif.isEmpty() ? 2 : 2 + 4 + 6 + exifForWrittenPicture(exif, {64, 48}).size()); // no JFIF
     }
 }
@@ -168,9 +144,10 @@ TEST(Jps, WrittenRightFirstWithADescriptorThatSaysSo)
     writeStereoFile(left, right, path, StereoFileFormat::jps);
     const QByteArray file = readAll(path);
     EXPECT_EQ(readJpsDescriptor(path), JpsDescriptor{});
-    EXPECT_EQ(run(QStringLiteral("exiftool"), {QStringLiteral("-s3"), QStringLiteral("-JPSLayout"),
-                                               QStringLiteral("-JPSType"), QStringLiteral("-JPSFlags"), path}),
-              QByteArray("Side By Side\nStereo\n(none)\n"));
+    EXPECT_EQ(runProgram(QStringLiteral("exiftool"),
+                  { QStringLiteral("-s3"), QStringLiteral("-JPSLayout"), QStringLiteral("-JPSType"),
+                      QStringLiteral("-JPSFlags"), path }),
+        QByteArray("Side By Side\nStereo\n(none)\n"));
     const QImage picture = *decodeJpeg(file.constData(), file.size());
     ASSERT_EQ(picture.size(), QSize(192, 64));
     // Lossy: each half is compared with the view it should hold by their mean difference.
@@ -185,7 +162,7 @@ TEST(Jps, WrittenRightFirstWithADescriptorThatSaysSo)
     EXPECT_LT(meanDifference(right.width(), left), 4.0);
     // Pictures without a descriptor (PNS, plain JPEG) take the default.
     for (const char *other : {"stereo/motorcycle_left.png", "stereo/left.jpg", "does-not-exist.jps"})
-        EXPECT_EQ(readJpsDescriptor(data + QLatin1Char('/') + QLatin1String(other)), JpsDescriptor{}) << other;
+        EXPECT_EQ(readJpsDescriptor(testData(QLatin1String(other))), JpsDescriptor {}) << other;
 }
 
 // Encoded apart and interleaved, or composed where the blocks do not line up at the seam:
@@ -214,8 +191,7 @@ TEST(StereoFileWriter, FailureLeavesNothingBehind)
 {
     QTemporaryDir dir;
     const QString kept = dir.filePath(QStringLiteral("kept.mpo")), readOnly = dir.filePath(QStringLiteral("ro"));
-    QFile file(kept);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("good old bytes") && file.flush());
+    ASSERT_TRUE(writeAll(kept, "good old bytes"));
     QDir(dir.path()).mkdir(QStringLiteral("ro"));
     QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::ExeOwner);
     const QImage image = pattern(32, 32, 7);
