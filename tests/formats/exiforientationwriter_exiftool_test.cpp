@@ -1,20 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Vorel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // `vorel-cli orientation` end to end, with exiftool as the independent reader of the results.
-#include <QDir>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-namespace {
+#include "tests/formats/testsupport.h"
 
-const QString data = QStringLiteral(VOREL_TEST_DATA);
+using namespace Vorel::TestSupport;
+
+namespace {
 
 struct CliRun {
     int exitCode;
@@ -41,34 +37,21 @@ TEST(OrientationCli, EveryValueReadsBackInExiftool)
     QTemporaryDir dir;
     for (int value = 1; value <= 8; ++value) {
         QStringList paths;
-        for (const QString &source : sources) {
-            paths << dir.filePath(QStringLiteral("%1_%2").arg(value).arg(QFileInfo(source).fileName()));
-            ASSERT_TRUE(QFile::copy(data + QLatin1Char('/') + source, paths.last()));
-        }
+        for (const QString &source : sources)
+            paths << copiedInto(dir, source, QStringLiteral("%1_%2").arg(value).arg(QFileInfo(source).fileName()));
+        ASSERT_FALSE(paths.contains(QString()));
         const CliRun run = runCli(QStringList {QString::number(value)} + paths);
         EXPECT_EQ(run.exitCode, 0) << run.out.toStdString();
         EXPECT_TRUE(run.out.startsWith(QStringLiteral("✅ All 7 files written successfully\n")));
     }
 
-    QProcess exiftool;
-    exiftool.start(QStringLiteral("exiftool"),
-        {QStringLiteral("-json"), QStringLiteral("-n"), QStringLiteral("-EXIF:Orientation"), dir.path()});
-    ASSERT_TRUE(exiftool.waitForFinished(120000));
-    const QJsonArray files = QJsonDocument::fromJson(exiftool.readAllStandardOutput()).array();
+    const QJsonArray files = exiftoolJson({ QStringLiteral("-EXIF:Orientation"), dir.path() });
     ASSERT_EQ(files.size(), 8 * sources.size());
     for (const QJsonValue &file : files) {
         const QString name = QFileInfo(file[QStringLiteral("SourceFile")].toString()).fileName();
         EXPECT_EQ(file[QStringLiteral("Orientation")].toInt(), name.section(QLatin1Char('_'), 0, 0).toInt())
             << name.toStdString();
     }
-}
-
-QJsonObject exiftoolTags(const QStringList &arguments)
-{
-    QProcess exiftool;
-    exiftool.start(QStringLiteral("exiftool"), QStringList {QStringLiteral("-json"), QStringLiteral("-n")} + arguments);
-    exiftool.waitForFinished(120000);
-    return QJsonDocument::fromJson(exiftool.readAllStandardOutput()).array().at(0).toObject();
 }
 
 TEST(OrientationCli, MpoIndexFollowsAGrownFirstPicture)
@@ -80,13 +63,12 @@ TEST(OrientationCli, MpoIndexFollowsAGrownFirstPicture)
     for (const char *name : {"sugarshack.mpo", "frozenpond.mpo", "Panasonic-DMC-GX8.mpo"}) {
         SCOPED_TRACE(name);
         QTemporaryDir dir;
-        const QString original = data + QStringLiteral("/mpo/") + QLatin1String(name);
-        const QString path = dir.filePath(QLatin1String(name));
-        ASSERT_TRUE(QFile::copy(original, path));
+        const QString original = testData(QStringLiteral("mpo/") + QLatin1String(name));
+        const QString path = copiedInto(dir, QStringLiteral("mpo/") + QLatin1String(name));
         ASSERT_EQ(runCli({QStringLiteral("6"), path}).exitCode, 0);
 
-        const QJsonObject before = exiftoolTags(tags + QStringList {original});
-        const QJsonObject after = exiftoolTags(tags + QStringList {path});
+        const QJsonObject before = exiftoolJson(tags + QStringList { original }).at(0).toObject();
+        const QJsonObject after = exiftoolJson(tags + QStringList { path }).at(0).toObject();
         const auto growth = QFileInfo(path).size() - QFileInfo(original).size();
         const auto change = [&](const char *key) {
             return after[QLatin1String(key)].toInteger() - before[QLatin1String(key)].toInteger();
@@ -101,10 +83,9 @@ TEST(OrientationCli, MpoIndexFollowsAGrownFirstPicture)
 TEST(OrientationCli, ExitStatusReportsFailuresAndUsage)
 {
     QTemporaryDir dir;
-    const QString good = dir.filePath(QStringLiteral("a.jpg"));
-    const QString gif = dir.filePath(QStringLiteral("b.gif"));
-    ASSERT_TRUE(QFile::copy(data + QStringLiteral("/orientation/hopper.jpg"), good));
-    ASSERT_TRUE(QFile::copy(data + QStringLiteral("/other/hopper.gif"), gif));
+    const QString good = copiedInto(dir, QStringLiteral("orientation/hopper.jpg"), QStringLiteral("a.jpg"));
+    const QString gif = copiedInto(dir, QStringLiteral("other/hopper.gif"), QStringLiteral("b.gif"));
+    ASSERT_FALSE(good.isEmpty() || gif.isEmpty());
 
     const CliRun mixed = runCli({QStringLiteral("3"), good, gif});
     EXPECT_EQ(mixed.exitCode, 1);

@@ -3,12 +3,10 @@
 // The orientation chooser and the run dialog: texts, the accessory's value, and a run over
 // three files with one failure, driven through the real worker thread.
 #include <QComboBox>
-#include <QFile>
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "app/controlpanelwidget.h"
@@ -17,6 +15,7 @@
 #include "formats/exiforientationpanel.h"
 #include "formats/orientationrewritedialog.h"
 #include "formats/panelaccessoryview.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
 
@@ -76,14 +75,10 @@ private slots:
     void runReportsProgressAndSummary()
     {
         QTemporaryDir dir;
-        const QString data = QStringLiteral(VOREL_TEST_DATA);
-        const QStringList sources = {data + QStringLiteral("/orientation/hopper.jpg"),
-            data + QStringLiteral("/other/hopper.gif"), data + QStringLiteral("/orientation/g4_orientation_1.tif")};
         QStringList paths;
-        for (const QString &source : sources) {
-            paths << dir.filePath(QFileInfo(source).fileName());
-            QVERIFY(QFile::copy(source, paths.last()));
-        }
+        for (const char *source : { "orientation/hopper.jpg", "other/hopper.gif", "orientation/g4_orientation_1.tif" })
+            paths << TestSupport::copiedInto(dir, QLatin1String(source));
+        QVERIFY(!paths.contains(QString()));
         OrientationRewriteDialog dialog(paths, 6);
         QCOMPARE(dialog.progress(), QStringLiteral("Processing 0 of 3 files"));
         QSignalSpy finished(&dialog, &OrientationRewriteDialog::rewriteFinished);
