@@ -3,22 +3,15 @@
 // Fuzz target: the HEIF box layer must survive any bytes. It walks every meta structure the
 // spatial photo and orientation code read, decodes the camera properties, re-writes ipma, and
 // grows meta, checking that item data after meta moves by exactly the growth.
-#include <cstddef>
-#include <cstdint>
-
 #include "formats/cameraproperties.h"
 #include "formats/heifboxes.h"
 #include "formats/heifmetaedit.h"
+#include "fuzz/fuzzinput.h"
 
 namespace {
 
 using namespace Vorel::Heif;
-
-void check(bool condition)
-{
-    if (!condition)
-        __builtin_trap();
-}
+using Vorel::Fuzz::check;
 
 void readProperties(const QByteArray &bytes, const BoxSpan &iprp)
 {
@@ -85,7 +78,7 @@ void walk(const QByteArray &bytes)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
+    const QByteArray bytes = Vorel::Fuzz::bytes(data, size);
     try {
         walk(bytes);
     } catch (const MalformedBoxes &) {
