@@ -25,8 +25,7 @@ inline void PrintTo(const QString &text, std::ostream *os)
     *os << '"' << text.toStdString() << '"';
 }
 
-namespace Vorel::TestSupport
-{
+namespace Vorel::TestSupport {
 
 // A path under tests/data.
 inline QString testData(const QString &relative)
