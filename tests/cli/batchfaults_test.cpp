@@ -4,8 +4,6 @@
 // the summary and the log, the others are written, no partial or empty file stays behind.
 #include <QImage>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -25,13 +23,6 @@ namespace {
 
 const QString sbs = QStringLiteral("stereo/02-super-mario.jpg");
 
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 // Every file in the output folder is an image that decodes, and one of the expected names.
 void expectOnlyWholeOutputs(const QString &folder, const QStringList &allowed)
 {
@@ -45,12 +36,9 @@ void expectOnlyWholeOutputs(const QString &folder, const QStringList &allowed)
 std::map<QString, QString> loggedStatuses(const QString &log)
 {
     std::map<QString, QString> statuses;
-    for (const QByteArray &line : contents(log).split('\n'))
-        if (!line.isEmpty()) {
-            const QJsonObject entry = QJsonDocument::fromJson(line).object();
-            statuses[entry.value(QStringLiteral("inputs")).toArray().at(0).toString()] =
-                entry.value(QStringLiteral("status")).toString();
-        }
+    for (const QJsonObject &entry : jsonLines(contents(log)))
+        statuses[entry.value(QStringLiteral("inputs")).toArray().at(0).toString()] =
+            entry.value(QStringLiteral("status")).toString();
     return statuses;
 }
 
@@ -90,9 +78,11 @@ TEST(BatchFaults, BadInputsFailWithTheirReasonsAndTheRestIsWritten)
                       log = dir.filePath(QStringLiteral("log.jsonl"));
         ASSERT_TRUE(copyData(in, c.goodFiles));
         if (c.failures.count(QStringLiteral("broken.jpg"))) {
-            writeFile(in + QStringLiteral("/broken.jpg"), contents(data + QLatin1Char('/') + sbs).left(5000)); // cut before the scan
-            writeFile(in + QStringLiteral("/empty.mpo"), {});
-            writeFile(in + QStringLiteral("/text.heic"), "not a picture\n");
+            // Cut before the scan, empty, and text.
+            const QByteArray picture = contents(data + QLatin1Char('/') + sbs);
+            ASSERT_FALSE(writeFile(in + QStringLiteral("/broken.jpg"), picture.left(5000)).isEmpty());
+            ASSERT_FALSE(writeFile(in + QStringLiteral("/empty.mpo")).isEmpty());
+            ASSERT_FALSE(writeFile(in + QStringLiteral("/text.heic"), "not a picture\n").isEmpty());
             ASSERT_TRUE(copyData(in, {{sbs, "unreadable.jpg"}}));
             QFile::setPermissions(in + QStringLiteral("/unreadable.jpg"), {});
         }
@@ -149,9 +139,7 @@ TEST(BatchFaults, FailingOutputFolder)
         QProcess run;
         startCli(run, {QStringLiteral("batch"), QStringLiteral("--auto-align"), in, out}, config.path());
         if (fault == OutputFault::disappears) {
-            QByteArray progress;
-            while (!progress.contains("[2/6]") && run.waitForReadyRead(60000))
-                progress += run.readAllStandardError();
+            waitForProgress(run, "[2/6]");
             QDir(out).removeRecursively();
         }
         ASSERT_TRUE(run.waitForFinished(120000));
@@ -171,14 +159,6 @@ TEST(BatchFaults, FailingOutputFolder)
     }
 }
 
-// Waits until the batch has begun its second job.
-void waitForSecondJob(QProcess &run)
-{
-    QByteArray progress;
-    while (!progress.contains("[2/6]") && run.waitForReadyRead(60000))
-        progress += run.readAllStandardError();
-}
-
 // Killed outright, a run leaves only whole outputs, and --skip-existing finishes the work.
 TEST(BatchFaults, KilledRunResumes)
 {
@@ -189,7 +169,7 @@ TEST(BatchFaults, KilledRunResumes)
              while (QDir(out).isEmpty(QDir::Files | QDir::Hidden))
                  QThread::msleep(5);
          }},
-        {"inside the second job", [](QProcess &run, const QString &) { waitForSecondJob(run); }},
+        {"inside the second job", [](QProcess &run, const QString &) { waitForProgress(run, "[2/6]"); }},
         {"after a random delay", [&](QProcess &run, const QString &) { run.waitForFinished(randomDelay); }},
     };
     for (const auto &[when, wait] : kills) {
@@ -240,7 +220,7 @@ TEST(BatchFaults, ChangesDuringTheRun)
         const QStringList names = sixInputs(in);
         QProcess run;
         startCli(run, {QStringLiteral("batch"), QStringLiteral("--log"), log, in, out}, config.path());
-        waitForSecondJob(run);
+        waitForProgress(run, "[2/6]"); // inside the second job
         change.make(in, out);
         ASSERT_TRUE(run.waitForFinished(120000));
         const QString errors = QString::fromUtf8(run.readAllStandardError());

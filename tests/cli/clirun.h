@@ -7,6 +7,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -66,6 +69,32 @@ inline QByteArray contents(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// One object per line of a JSON lines text (the library listing, the batch log).
+inline QList<QJsonObject> jsonLines(const QByteArray &text)
+{
+    QList<QJsonObject> objects;
+    for (const QByteArray &line : text.split('\n'))
+        if (!line.isEmpty())
+            objects.append(QJsonDocument::fromJson(line).object());
+    return objects;
+}
+
+// Writes `bytes` to `path`, making its folder first; the path, or an empty string on failure.
+inline QString writeFile(const QString &path, const QByteArray &bytes = {})
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
+}
+
+// Reads the progress lines of a started run until `line` appears or the run ends.
+inline void waitForProgress(QProcess &run, const char *line)
+{
+    QByteArray progress;
+    while (!progress.contains(line) && run.waitForReadyRead(60000))
+        progress += run.readAllStandardError();
 }
 
 } // namespace Vorel::CliTest
