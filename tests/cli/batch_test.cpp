@@ -6,8 +6,6 @@
 
 #include <QImageReader>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -22,19 +20,11 @@ const QString sbs = QStringLiteral("stereo/02-super-mario.jpg");
 
 QStringList lines(const QString &text) { return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
 
-QJsonValue logField(const QString &line, const char *key)
-{
-    return QJsonDocument::fromJson(line.toUtf8()).object().value(QLatin1String(key));
-}
-
 void touch(const QString &folder, const QStringList &names, const QByteArray &content = {})
 {
     QDir().mkpath(folder);
-    for (const QString &name : names) {
-        QFile file(folder + QLatin1Char('/') + name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
+    for (const QString &name : names)
+        ASSERT_FALSE(writeFile(folder + QLatin1Char('/') + name, content).isEmpty());
 }
 
 // Every file of the folder by name, with its bytes.
@@ -51,11 +41,13 @@ struct ListingCase {
     QStringList inputs;
     QStringList existingOutputs;
     QStringList options;
-    QStringList expected; // the dry run's lines
+    QStringList expected;     // the dry run's lines
+    QByteArray stored = {}; // the preferences the window saved
 };
 
 TEST(BatchProgram, DryRunListsThePairedJobs)
 {
+    const QByteArray storedSeparatePng = "[General]\nbatch.outputFormat=6\nbatch.fileFormat=1\n";
     const ListingCase cases[] = {
         {"natural order, hidden and foreign files left out",
          {"b.jpg", "a10.jpg", "a2.JPG", ".hidden.jpg", "notes.txt"}, {}, {},
@@ -68,31 +60,23 @@ TEST(BatchProgram, DryRunListsThePairedJobs)
          {"name.jpg -> name.heic"}},
         {"shard 1 of 2 takes the odd positions", {"a.mpo", "b.mpo", "c.mpo", "d.mpo"}, {}, {"--shard", "1/2"},
          {"b.mpo -> b.jpg", "d.mpo -> d.jpg"}},
+        // The window's choices (separate PNG output) count only with --stored, the options override them.
+        {"stored settings unused", {"x.jpg"}, {}, {}, {"x.jpg -> x.jpg"}, storedSeparatePng},
+        {"stored settings with an option", {"x.jpg"}, {}, {"--stored", "--format=tiff"},
+         {"x.jpg -> x_L.tiff, x_R.tiff"}, storedSeparatePng},
     };
     for (const ListingCase &c : cases) {
         QTemporaryDir dir;
         touch(dir.filePath(QStringLiteral("in")), c.inputs);
         touch(dir.filePath(QStringLiteral("out")), c.existingOutputs);
-        const CliRun run = runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--dry-run")} + c.options +
-                                  QStringList{dir.filePath(QStringLiteral("in")), dir.filePath(QStringLiteral("out"))});
+        touch(dir.filePath(QStringLiteral("Vorel")), {QStringLiteral("Vorel.ini")}, c.stored);
+        const QStringList folders{dir.filePath(QStringLiteral("in")), dir.filePath(QStringLiteral("out"))};
+        const CliRun run =
+            runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--dry-run")} + c.options + folders, dir.path());
         EXPECT_EQ(run.exitCode, 0) << c.name << run.err.toStdString();
         EXPECT_EQ(lines(run.out), c.expected) << c.name << "\n" << run.out.toStdString();
         EXPECT_EQ(QDir(dir.filePath(QStringLiteral("out"))).entryList(QDir::Files), c.existingOutputs) << c.name;
     }
-
-    // --stored starts from what the window saved (separate PNG output), the options override it.
-    QTemporaryDir config;
-    touch(config.filePath(QStringLiteral("Vorel")), {QStringLiteral("Vorel.ini")},
-          "[General]\nbatch.outputFormat=6\nbatch.fileFormat=1\n");
-    touch(config.filePath(QStringLiteral("in")), {QStringLiteral("x.jpg")});
-    const QStringList folders{config.filePath(QStringLiteral("in")), config.filePath(QStringLiteral("out"))};
-    EXPECT_EQ(runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--dry-run")} + folders, config.path()).out,
-              QStringLiteral("x.jpg -> x.jpg\n"));
-    EXPECT_EQ(runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--dry-run"), QStringLiteral("--stored"),
-                                 QStringLiteral("--format=tiff")} + folders,
-                     config.path())
-                  .out,
-              QStringLiteral("x.jpg -> x_L.tiff, x_R.tiff\n"));
 }
 
 TEST(BatchProgram, ListsExistingOutputsAndWritesNothingWithoutYes)
@@ -144,8 +128,8 @@ TEST(BatchProgram, ShardsTogetherMakeOneRun)
         EXPECT_EQ(expected.size(), 7u);
         EXPECT_TRUE(folderContents(sharded) == expected) << format.toStdString();
         QStringList logged;
-        for (const QString &line : lines(QString::fromUtf8(contents(log))))
-            logged << logField(line, "outputs").toArray().at(0).toString();
+        for (const QJsonObject &entry : jsonLines(contents(log)))
+            logged << entry.value(QStringLiteral("outputs")).toArray().at(0).toString();
         logged.sort();
         EXPECT_EQ(logged, QStringList(QDir(whole).entryList(QDir::Files))) << format.toStdString();
     }
@@ -170,10 +154,8 @@ TEST(BatchProgram, InterruptedRunResumes)
         QTemporaryDir config;
         QProcess run;
         startCli(run, recipe + QStringList{QStringLiteral("--log"), log, in, out}, config.path());
-        QByteArray progress;
-        while (!progress.contains("[3/8]") && run.waitForReadyRead(60000))
-            progress += run.readAllStandardError();
-        ASSERT_EQ(run.state(), QProcess::Running) << progress.toStdString(); // never signal pid 0, the whole group
+        waitForProgress(run, "[3/8]");
+        ASSERT_EQ(run.state(), QProcess::Running); // never signal pid 0, the whole group
         ::kill(pid_t(run.processId()), signal);
         ASSERT_TRUE(run.waitForFinished(60000));
         if (signal == SIGINT) {
@@ -187,7 +169,7 @@ TEST(BatchProgram, InterruptedRunResumes)
             }
         }
         const auto interrupted = folderContents(out);
-        const QStringList logBefore = lines(QString::fromUtf8(contents(log)));
+        const QList<QJsonObject> logBefore = jsonLines(contents(log));
         EXPECT_LT(interrupted.size(), 8u);
         const CliRun resumed =
             runCli(recipe + QStringList{QStringLiteral("--skip-existing"), QStringLiteral("--log"), log, in, out});
@@ -197,10 +179,10 @@ TEST(BatchProgram, InterruptedRunResumes)
 
         // Each job the interrupted run finished is logged ok and skipped by the resumed run.
         std::map<QString, int> before, after;
-        for (const QString &line : logBefore)
-            ++before[logField(line, "status").toString()];
-        for (const QString &line : lines(QString::fromUtf8(contents(log))).mid(logBefore.size()))
-            ++after[logField(line, "status").toString()];
+        for (const QJsonObject &entry : logBefore)
+            ++before[entry.value(QStringLiteral("status")).toString()];
+        for (const QJsonObject &entry : jsonLines(contents(log)).mid(logBefore.size()))
+            ++after[entry.value(QStringLiteral("status")).toString()];
         EXPECT_GE(before[QStringLiteral("ok")], 2);
         EXPECT_GE(after[QStringLiteral("skipped-existing")], before[QStringLiteral("ok")]); // kill -9 may cut a log line
         if (signal == SIGINT)
