@@ -27,22 +27,6 @@ QStringList cli(const char *line, const QStringList &paths = {})
     return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts) + paths;
 }
 
-int runCli(const QStringList &arguments, QString *errorText = nullptr, const QString &configHome = {})
-{
-    const CliRun run = CliTest::runCli(arguments, configHome);
-    if (errorText)
-        *errorText = run.err;
-    return run.exitCode;
-}
-
-QString writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
-    return path;
-}
-
 TEST(ConvertOptions, ParsesAndRejects)
 {
     const PipelineOptions o =
@@ -89,6 +73,7 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
         const char *name, *options, *output;
         QSize expectedSize;
         QStringList inputs = {sbs};
+        QByteArray stored = {}; // the preferences the window saved
     } cases[] = {
         {"sbs", "", "out.png", {1044, 720}},
         {"half-sbs", "--output half-sbs", "out.png", {522, 720}},
@@ -106,13 +91,16 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
         {"jps under a jpg name", "--output=jps", "out.jpg", {1044, 720}},
         {"over/under input", "--input=over-under", "out.png", {2088, 360}},
         {"explicit mpo input", "--input mpo", "out.png", {1280, 480}, {data + QStringLiteral("/mpo/sugarshack.mpo")}},
+        // The window's border settings: the side-by-side layout at 3 % of 522 px (b = 15.66, top band
+        // 31.32), 1090.98 x 766.98 truncated.
+        {"border", "--output border", "out.png", {1090, 766}, {sbs}, "[General]\nib.layoutKind=0\n"},
     };
     for (const auto &c : cases) {
         QTemporaryDir dir;
         const QString out = dir.filePath(QString::fromLatin1(c.output));
-        QString errors;
-        ASSERT_EQ(runCli(cli("convert") + cli(c.options, c.inputs) + QStringList{out}, &errors), 0)
-            << c.name << ": " << errors.toStdString();
+        ASSERT_FALSE(writeFile(dir.filePath(QStringLiteral("Vorel/Vorel.ini")), c.stored).isEmpty());
+        const CliRun run = runCli(cli("convert") + cli(c.options, c.inputs) + QStringList{out}, dir.path());
+        ASSERT_EQ(run.exitCode, 0) << c.name << ": " << run.err.toStdString();
         EXPECT_EQ(QImageReader(out).size(), c.expectedSize) << c.name;
     }
 }
@@ -140,9 +128,9 @@ TEST(ConvertProgram, RefusalsGiveTheExitCodeAndReason)
         {"no command", {}, 2, {}},
     };
     for (const auto &c : cases) {
-        QString errors;
-        EXPECT_EQ(runCli(c.arguments, &errors), c.exitCode) << c.name << ": " << errors.toStdString();
-        EXPECT_TRUE(errors.contains(c.reason)) << c.name << ": " << errors.toStdString();
+        const CliRun run = runCli(c.arguments);
+        EXPECT_EQ(run.exitCode, c.exitCode) << c.name << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(c.reason)) << c.name << ": " << run.err.toStdString();
     }
 }
 
@@ -150,9 +138,9 @@ TEST(ConvertProgram, OverwritesOnlyWithYes)
 {
     QTemporaryDir dir;
     const QString existing = writeFile(dir.filePath(QStringLiteral("keep.png")), "precious");
-    EXPECT_EQ(runCli(cli("convert", {sbs, existing})), 1); // exists, no --yes, no terminal
+    EXPECT_EQ(runCli(cli("convert", {sbs, existing})).exitCode, 1); // exists, no --yes, no terminal
     EXPECT_EQ(contents(existing), QByteArray("precious"));
-    EXPECT_EQ(runCli(cli("convert --yes", {sbs, existing})), 0);
+    EXPECT_EQ(runCli(cli("convert --yes", {sbs, existing})).exitCode, 0);
     EXPECT_NE(contents(existing), QByteArray("precious"));
 }
 
@@ -173,15 +161,12 @@ TEST(ConvertProgram, KeepsTheCameraExif)
     } outputs[] = {{"sbs", "a.jpg"},   {"sbs", "a.png"}, {"half-sbs", "a.tif"}, {"anaglyph-dubois", "a.heic"},
                    {"mpo", "a.mpo"},   {"jps", "a.jps"}, {"separate", "s.png", "s_R.png"}, {"spatial", "s.heic"}};
     for (const auto &o : outputs) {
-        QString errors;
-        const QStringList arguments =
-            cli("convert --output") + cli(o.output, {mpo, dir.filePath(QLatin1String(o.name))});
-        ASSERT_EQ(runCli(arguments, &errors), 0)
-            << o.name << ": " << errors.toStdString();
+        const CliRun run = runCli(cli("convert --output") + cli(o.output, {mpo, dir.filePath(QLatin1String(o.name))}));
+        ASSERT_EQ(run.exitCode, 0) << o.name << ": " << run.err.toStdString();
         EXPECT_EQ(tags(dir.filePath(QLatin1String(o.written ? o.written : o.name))), kept) << o.name;
     }
     const QString bare = dir.filePath(QStringLiteral("bare.jpg"));
-    ASSERT_EQ(runCli(cli("convert --strip-metadata", {mpo, bare})), 0);
+    ASSERT_EQ(runCli(cli("convert --strip-metadata", {mpo, bare})).exitCode, 0);
     EXPECT_EQ(tags(bare), QStringList());
 }
 
@@ -191,36 +176,21 @@ TEST(ConvertProgram, SpatialPhotoRoundTrip)
     QTemporaryDir dir;
     const QString spatial = dir.filePath(QStringLiteral("pair.heic")), back = dir.filePath(QStringLiteral("back.png"));
     // The writer's console line goes to stderr: output redirected to a file stays clean.
-    const CliRun written =
-        CliTest::runCli(cli("convert --output spatial --fov 70 --disparity-adj -12", {sbs, spatial}));
+    const CliRun written = runCli(cli("convert --output spatial --fov 70 --disparity-adj -12", {sbs, spatial}));
     ASSERT_EQ(written.exitCode, 0) << written.err.toStdString();
     EXPECT_TRUE(written.err.contains(QStringLiteral("70\n-12\n"))) << written.err.toStdString();
     EXPECT_FALSE(written.out.contains(QStringLiteral("70\n-12\n"))) << written.out.toStdString();
-    QString errors;
-    ASSERT_EQ(runCli(cli("convert --input spatial", {spatial, back}), &errors), 0) << errors.toStdString();
+    const CliRun read = runCli(cli("convert --input spatial", {spatial, back}));
+    ASSERT_EQ(read.exitCode, 0) << read.err.toStdString();
     EXPECT_EQ(QImageReader(back).size(), QSize(1044, 720)); // 522 x 720 eyes, even already
-}
-
-// The bordered picture follows the border settings stored by the window: here the side-by-side
-// layout at 3 % of 522 px (b = 15.66, top band 31.32), 1090.98 x 766.98 truncated.
-TEST(ConvertProgram, BorderUsesTheStoredSettings)
-{
-    QTemporaryDir config;
-    ASSERT_TRUE(QDir().mkpath(config.filePath(QStringLiteral("Vorel"))));
-    writeFile(config.filePath(QStringLiteral("Vorel/Vorel.ini")), "[General]\nib.layoutKind=0\n");
-    const QString out = config.filePath(QStringLiteral("framed.png"));
-    QString errors;
-    ASSERT_EQ(runCli(cli("convert --output border", {sbs, out}), &errors, config.path()), 0) << errors.toStdString();
-    EXPECT_EQ(QImageReader(out).size(), QSize(1090, 766));
 }
 
 TEST(ConvertProgram, AutoAlignAndColourMatching)
 {
     QTemporaryDir dir;
     const QString out = dir.filePath(QStringLiteral("aligned.png"));
-    QString errors;
-    ASSERT_EQ(runCli(cli("convert --auto-align --color-ref right", {left01, right01, out}), &errors), 0)
-        << errors.toStdString();
+    const CliRun aligned = runCli(cli("convert --auto-align --color-ref right", {left01, right01, out}));
+    ASSERT_EQ(aligned.exitCode, 0) << aligned.err.toStdString();
     const QSize size = QImageReader(out).size();
     EXPECT_EQ(size.width() % 2, 0);
     EXPECT_LT(size.height(), 480); // cut to the area both corrected views cover
@@ -232,8 +202,9 @@ TEST(ConvertProgram, AutoAlignAndColourMatching)
     ASSERT_TRUE(grey.save(flat));
     const QString none = dir.filePath(QStringLiteral("none.png"));
     // Nothing to match: the pair is written unaligned, as the batch writes it, with a warning.
-    EXPECT_EQ(runCli(cli("convert --auto-align", {flat, none}), &errors), 0);
-    EXPECT_TRUE(errors.contains(QStringLiteral("found nothing to match"))) << errors.toStdString();
+    const CliRun unaligned = runCli(cli("convert --auto-align", {flat, none}));
+    EXPECT_EQ(unaligned.exitCode, 0);
+    EXPECT_TRUE(unaligned.err.contains(QStringLiteral("found nothing to match"))) << unaligned.err.toStdString();
     EXPECT_EQ(QImageReader(none).size(), QSize(400, 200));
 }
 
@@ -246,12 +217,14 @@ TEST(ConvertProgram, ColourReferenceStaysUnchanged)
     };
     for (const char *swap : {"", "--swap"}) {
         const QString plain = QStringLiteral("plain") + QLatin1String(swap);
-        ASSERT_EQ(runCli(cli("convert --output=separate", {left01, right01, dir.filePath(plain + ".png")}) + cli(swap)),
+        ASSERT_EQ(runCli(cli("convert --output=separate", {left01, right01, dir.filePath(plain + ".png")}) + cli(swap))
+                      .exitCode,
                   0);
         for (const char *side : {"left", "right"}) {
             const QString matched = QLatin1String(side) + QLatin1String(swap);
             ASSERT_EQ(runCli(cli("convert --output=separate --color-ref") +
-                             cli(side, {left01, right01, dir.filePath(matched + ".png")}) + cli(swap)),
+                             cli(side, {left01, right01, dir.filePath(matched + ".png")}) + cli(swap))
+                          .exitCode,
                       0);
             const bool leftKept = side == std::string_view("left");
             EXPECT_EQ(view(matched, "_L.png") == view(plain, "_L.png"), leftKept) << side << swap;
