@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // vorel-cli library through the real binary: albums, one folder's pictures with their kinds,
 // the thumbnail cache filled, and the exit statuses.
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <gtest/gtest.h>
 
 #include "tests/cli/clirun.h"
@@ -12,31 +9,20 @@
 namespace Vorel::CliTest {
 namespace {
 
-QList<QJsonObject> jsonLines(const QString &out)
-{
-    QList<QJsonObject> lines;
-    for (const QString &line : out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-        lines.append(QJsonDocument::fromJson(line.toUtf8()).object());
-    return lines;
-}
-
 TEST(Library, ListsPicturesWithTheirKindsAndFillsTheCache)
 {
     QTemporaryDir root;
     const QString photos = root.path() + QStringLiteral("/Photos");
     QDir().mkpath(photos + QStringLiteral("/Sub"));
-    ASSERT_TRUE(copyData(photos, {{QStringLiteral("mpo/sugarshack.mpo"), QStringLiteral("a.mpo")},
-                                  {QStringLiteral("heic/vision-pro.HEIC"), QStringLiteral("b.heic")},
-                                  {QStringLiteral("stereo/stereograph.left-right.jpg"), QStringLiteral("c.jpg")},
-                                  {QStringLiteral("stereo/left.jpg"), QStringLiteral("Sub/d_L.jpg")},
-                                  {QStringLiteral("stereo/right.jpg"), QStringLiteral("Sub/d_R.jpg")},
-                                  {QStringLiteral("stereo/left01.jpg"), QStringLiteral("Sub/e.jpg")}}));
+    ASSERT_TRUE(copyData(photos, {{"mpo/sugarshack.mpo", "a.mpo"}, {"heic/vision-pro.HEIC", "b.heic"},
+                                  {"stereo/stereograph.left-right.jpg", "c.jpg"}, {"stereo/left.jpg", "Sub/d_L.jpg"},
+                                  {"stereo/right.jpg", "Sub/d_R.jpg"}, {"stereo/left01.jpg", "Sub/e.jpg"}}));
     const QString config = root.path() + QStringLiteral("/config");
     QDir().mkpath(config);
     qputenv("XDG_CACHE_HOME", root.path().toUtf8() + "/cache");
     const CliRun run = runCli({QStringLiteral("library"), QStringLiteral("--thumbnails"), photos}, config);
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-    const QList<QJsonObject> lines = jsonLines(run.out);
+    const QList<QJsonObject> lines = jsonLines(run.out.toUtf8());
     const struct {
         const char *name, *kind;
         int width, height;
@@ -56,19 +42,14 @@ TEST(Library, ListsPicturesWithTheirKindsAndFillsTheCache)
 
     // Albums: the Pictures folder of the user dirs file, and a folder added in the settings.
     QDir().mkpath(root.path() + QStringLiteral("/Pictures/Trip"));
-    QFile dirs(config + QStringLiteral("/user-dirs.dirs"));
-    ASSERT_TRUE(dirs.open(QIODevice::WriteOnly));
-    dirs.write("XDG_PICTURES_DIR=\"" + root.path().toUtf8() + "/Pictures\"\n");
-    dirs.close();
-    QDir().mkpath(config + QStringLiteral("/Vorel"));
-    QFile settings(config + QStringLiteral("/Vorel/Vorel.ini"));
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write("[General]\nphotos.folders=" + photos.toUtf8() + "\n");
-    settings.close();
+    ASSERT_FALSE(writeFile(config + QStringLiteral("/user-dirs.dirs"),
+                           "XDG_PICTURES_DIR=\"" + root.path().toUtf8() + "/Pictures\"\n").isEmpty());
+    const QByteArray settings = "[General]\nphotos.folders=" + photos.toUtf8() + "\n";
+    ASSERT_FALSE(writeFile(config + QStringLiteral("/Vorel/Vorel.ini"), settings).isEmpty());
     const CliRun albums = runCli({QStringLiteral("library")}, config);
     ASSERT_EQ(albums.exitCode, 0) << albums.err.toStdString();
     QStringList titles;
-    for (const QJsonObject &album : jsonLines(albums.out))
+    for (const QJsonObject &album : jsonLines(albums.out.toUtf8()))
         titles.append(album[QStringLiteral("title")].toString() + QLatin1Char('/') +
                       QString::number(album[QStringLiteral("count")].toInt()));
     EXPECT_EQ(titles, QStringList({QStringLiteral("All Photos/0"), QStringLiteral("Photos/6"), QStringLiteral("Trip/0")}));
@@ -78,11 +59,8 @@ TEST(Library, ExitStatuses)
 {
     QTemporaryDir root;
     qputenv("XDG_CACHE_HOME", root.path().toUtf8() + "/cache");
-    ASSERT_TRUE(copyData(root.path() + QStringLiteral("/p"), {{QStringLiteral("stereo/left.jpg"), QStringLiteral("x.jpg")}}));
-    QFile broken(root.path() + QStringLiteral("/p/broken.jpg"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("not a picture");
-    broken.close();
+    ASSERT_TRUE(copyData(root.path() + QStringLiteral("/p"), {{"stereo/left.jpg", "x.jpg"}}));
+    ASSERT_FALSE(writeFile(root.path() + QStringLiteral("/p/broken.jpg"), "not a picture").isEmpty());
     const struct {
         QStringList arguments;
         int exitCode;
