@@ -16,44 +16,27 @@ namespace {
 
 struct LoadCase {
     const char *name;
-    std::function<void(Preferences &)> store;
+    std::vector<std::pair<const char *, double>> stored;
     std::function<void(BatchSettings &)> expect; // applied to the defaults
     std::optional<BatchCropSettings> lastCrop;
     std::optional<BatchResizeSettings> lastResize;
+    const char *flag = nullptr; // stored as true
 };
-
-void set(Preferences &p, const char *key, double value) { p.setNumber(QString::fromLatin1(key), value); }
 
 TEST(BatchSettings, LoadsFromTheStore)
 {
     const LoadCase cases[] = {
-        {"emptyStore", [](Preferences &) {}, [](BatchSettings &) {}},
+        {"emptyStore", {}, [](BatchSettings &) {}},
         {"storedZeroSizesAndSpatialGiveDefaults",
-         [](Preferences &p) {
-             for (const char *key : {"batch.resizeW", "batch.resizeH", "spatialPhoto.fov", "spatialPhoto.adj",
-                                     "spatialPhoto.stb"})
-                 set(p, key, 0);
-             set(p, "spatialPhoto.adj", -3);
-         },
+         {{"batch.resizeW", 0}, {"batch.resizeH", 0}, {"spatialPhoto.fov", 0}, {"spatialPhoto.adj", -3},
+          {"spatialPhoto.stb", 0}},
          [](BatchSettings &) {}},
         {"outOfRangeIndexesFallBackToFirstCase",
-         [](Preferences &p) {
-             set(p, "batch.inputFormat", 9);
-             set(p, "batch.outputFormat", -1);
-             set(p, "batch.fileFormat", 4);
-             set(p, "batch.resizeMode", 3);
-         },
+         {{"batch.inputFormat", 9}, {"batch.outputFormat", -1}, {"batch.fileFormat", 4}, {"batch.resizeMode", 3}},
          [](BatchSettings &) {}},
-        {"lastCasesAndFractionalCrop",
-         [](Preferences &p) {
-             set(p, "batch.inputFormat", 3);
-             set(p, "batch.outputFormat", 7);
-             set(p, "batch.fileFormat", 3);
-             set(p, "batch.resizeMode", 2);
-             set(p, "batch.cropX", 10.9); // the crop command stores what it measured
-             set(p, "batch.cropW", 640.5);
-             p.setFlag(QStringLiteral("batch.autoAdjColLeft"), true);
-         },
+        {"lastCasesAndFractionalCrop", // the crop command stores what it measured
+         {{"batch.inputFormat", 3}, {"batch.outputFormat", 7}, {"batch.fileFormat", 3}, {"batch.resizeMode", 2},
+          {"batch.cropX", 10.9}, {"batch.cropW", 640.5}},
          [](BatchSettings &s) {
              s.inputFormat = BatchInputFormat::mpo;
              s.outputFormat = BatchOutputFormat::imageBorder;
@@ -62,12 +45,9 @@ TEST(BatchSettings, LoadsFromTheStore)
              s.cropX = 10;
              s.cropW = 640;
              s.autoAdjColLeft = true;
-         }},
-        {"viewerChoicesWin",
-         [](Preferences &p) {
-             set(p, "batch.cropW", 5);
-             set(p, "batch.resizeW", 800);
          },
+         {}, {}, "batch.autoAdjColLeft"},
+        {"viewerChoicesWin", {{"batch.cropW", 5}, {"batch.resizeW", 800}},
          [](BatchSettings &s) {
              s.cropX = 1, s.cropY = 2, s.cropW = 3, s.cropH = 4;
              s.resizeW = 100, s.resizeH = 50, s.resizeMode = ResizeMode::cropFit;
@@ -77,7 +57,10 @@ TEST(BatchSettings, LoadsFromTheStore)
     for (const LoadCase &c : cases) {
         QTemporaryDir dir;
         Preferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
-        c.store(preferences);
+        for (const auto &[key, value] : c.stored)
+            preferences.setNumber(QString::fromLatin1(key), value);
+        if (c.flag)
+            preferences.setFlag(QString::fromLatin1(c.flag), true);
         BatchSettings expected;
         c.expect(expected);
         EXPECT_EQ(BatchSettings::load(preferences, c.lastCrop, c.lastResize), expected) << c.name;

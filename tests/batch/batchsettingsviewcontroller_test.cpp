@@ -43,12 +43,6 @@ class BatchSettingsViewControllerTest : public QObject {
         dialog->show();
     }
 
-    void chooseFolders()
-    {
-        dialog->inputFolderLabel->setText(dir.path());
-        dialog->outputFolderLabel->setText(dir.path());
-    }
-
     static QStringList items(const QComboBox *box)
     {
         QStringList texts;
@@ -83,17 +77,14 @@ private slots:
         QCOMPARE(items(dialog->outputFormatPopUp), texts(batchOutputFormats));
         QCOMPARE(items(dialog->fileFormatPopUp), texts(batchFileFormats));
         QCOMPARE(items(dialog->referencePopUp), (QStringList{QStringLiteral("Right Reference"), QStringLiteral("Left Reference")}));
-        QCOMPARE(dialog->inputFormatPopUp->currentText(), QStringLiteral("SBS Image"));
-        QCOMPARE(dialog->outputFormatPopUp->currentText(), QStringLiteral("SBS Image"));
-        QCOMPARE(dialog->fileFormatPopUp->currentText(), QStringLiteral("JPG"));
         QCOMPARE(dialog->resizeWField->text(), QStringLiteral("1920"));
         QCOMPARE(dialog->resizeHField->text(), QStringLiteral("1080"));
-        QVERIFY(dialog->resizeModeRadios[0]->isChecked());
+        QVERIFY(dialog->resizeModeRadios[0]->isChecked()); // not merely none of the others
         QCOMPARE(dialog->fovField->text(), QStringLiteral("63.4"));
         QCOMPARE(dialog->adjField->text(), QStringLiteral("200"));
         QCOMPARE(dialog->stbField->text(), QStringLiteral("0.01924"));
         QCOMPARE(dialog->resizeAspectRatio(), 1920.0 / 1080.0);
-        // No box ticked and nothing typed differs from the defaults, apart from the unchosen folders.
+        // No box ticked, no choice made, nothing typed differs from the defaults, but the unchosen folders.
         BatchSettings expected;
         expected.inputFolder = expected.outputFolder = notSelected;
         QCOMPARE(dialog->settings(), expected);
@@ -144,7 +135,8 @@ private slots:
     void startStoresAndHandsOverTheRecord()
     {
         open();
-        chooseFolders();
+        dialog->inputFolderLabel->setText(dir.path());
+        dialog->outputFolderLabel->setText(dir.path());
         dialog->adjField->setText(QStringLiteral("12.9"));
         dialog->fovField->setText(QStringLiteral("wide")); // unparsable: the field's default
         dialog->resizeHField->setText(QStringLiteral("7.5"));

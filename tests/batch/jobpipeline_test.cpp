@@ -39,24 +39,12 @@ BatchSettings settingsFor(BatchInputFormat input, BatchOutputFormat output, Batc
     return settings;
 }
 
-JobResult run(const BatchSettings &settings, const BatchJob &job)
-{
-    return runJobPipeline(settings, job, ImageBorderSettings(), {});
-}
-
-// The pair as the window holds it after opening the same file.
-StereoImageProcessor windowProcessor(const QString &path)
-{
-    StereoImageProcessor proc;
-    openEntry(proc, {path, {}});
-    return proc;
-}
-
 TEST(JobPipeline, OutputsAreWhatTheWindowComposes)
 {
     Folder folder;
     const QString mpo = folder.copy(QStringLiteral("/mpo/frozenpond.mpo"), QStringLiteral("pond.mpo"));
-    StereoImageProcessor proc = windowProcessor(mpo);
+    StereoImageProcessor proc; // the pair as the window holds it after opening the same file
+    openEntry(proc, {mpo, {}});
     proc.isSwap = true; // every output shows the swapped order
     const ImagePair pair = *proc.renderFullWidth(false);
     struct Case {
@@ -78,7 +66,7 @@ TEST(JobPipeline, OutputsAreWhatTheWindowComposes)
         BatchSettings settings = settingsFor(BatchInputFormat::mpo, c.output);
         settings.swapLR = true;
         const QStringList outputs{folder.path(QStringLiteral("out_L.png")), folder.path(QStringLiteral("out_R.png"))};
-        const JobResult result = run(settings, {{mpo}, outputs});
+        const JobResult result = runJobPipeline(settings, {{mpo}, outputs}, ImageBorderSettings(), {});
         ASSERT_EQ(result.status, JobStatus::ok) << int(c.output) << result.error.toStdString();
         EXPECT_EQ(QImage(outputs[0]).convertToFormat(QImage::Format_RGB32),
                   c.expected.convertToFormat(QImage::Format_RGB32))
