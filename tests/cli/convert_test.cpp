@@ -105,12 +105,14 @@ TEST(ConvertProgram, WritesEachModeAtTheExpectedSize)
     }
 }
 
-// What cannot be converted exits with 1 and says why, bad usage with 2.
+// What cannot be converted exits with 1 and says why, bad usage with 2; an existing output is
+// replaced only with --yes.
 TEST(ConvertProgram, RefusalsGiveTheExitCodeAndReason)
 {
     QTemporaryDir dir;
     const QString garbage = writeFile(dir.filePath(QStringLiteral("text.jpg")), "not a picture");
     const QString out = dir.filePath(QStringLiteral("o.png"));
+    const QString existing = writeFile(dir.filePath(QStringLiteral("keep.png")), "precious");
     const struct {
         const char *name;
         QStringList arguments;
@@ -126,19 +128,13 @@ TEST(ConvertProgram, RefusalsGiveTheExitCodeAndReason)
         {"unknown option", cli("convert --what", {sbs, out}), 2, {}},
         {"unknown colour reference", cli("convert --color-ref middle", {sbs, out}), 2, {}},
         {"no command", {}, 2, {}},
+        {"existing output without --yes and no terminal to ask", cli("convert", {sbs, existing}), 1, {}},
     };
     for (const auto &c : cases) {
         const CliRun run = runCli(c.arguments);
         EXPECT_EQ(run.exitCode, c.exitCode) << c.name << ": " << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(c.reason)) << c.name << ": " << run.err.toStdString();
     }
-}
-
-TEST(ConvertProgram, OverwritesOnlyWithYes)
-{
-    QTemporaryDir dir;
-    const QString existing = writeFile(dir.filePath(QStringLiteral("keep.png")), "precious");
-    EXPECT_EQ(runCli(cli("convert", {sbs, existing})).exitCode, 1); // exists, no --yes, no terminal
     EXPECT_EQ(contents(existing), QByteArray("precious"));
     EXPECT_EQ(runCli(cli("convert --yes", {sbs, existing})).exitCode, 0);
     EXPECT_NE(contents(existing), QByteArray("precious"));
