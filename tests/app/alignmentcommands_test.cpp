@@ -8,6 +8,7 @@
 #include "app/controlpanelwidget.h"
 #include "app/mainwindow.h"
 #include "core/preferences.h"
+#include "tests/core/noiseimage.h"
 
 using namespace Vorel;
 
@@ -26,15 +27,6 @@ private slots:
         alerts.clear();
         window->alert = [this](const QString &text) { alerts << text; };
         window->show();
-    }
-
-    void withoutAPairEachCommandAlerts()
-    {
-        window->cpAutoadj();
-        window->cpColorMatch(false);
-        window->cpColorMatch(true);
-        QCOMPARE(alerts, QStringList(3, QStringLiteral("Image not loaded")));
-        QVERIFY(!window->isAligning());
     }
 
     void colourMatchingChangesTheTargetAndEnablesUndo()
@@ -66,10 +58,8 @@ private slots:
 
     void nothingToMatchIsReported()
     {
-        QImage flat(300, 200, QImage::Format_RGB32);
-        flat.fill(qRgb(128, 128, 128));
         const QString path = dir.filePath(QStringLiteral("flat.png"));
-        QVERIFY(flat.save(path));
+        QVERIFY(TestReference::filledImage(300, 200, qRgb(128, 128, 128)).save(path));
         QVERIFY(window->openPaths({path}));
         window->cpAutoadj();
         QTRY_VERIFY_WITH_TIMEOUT(!window->isAligning(), 60000);

@@ -19,6 +19,8 @@
 #include "app/pairview.h"
 #include "core/preferences.h"
 #include "formats/cameraexif.h"
+#include "tests/core/noiseimage.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
 
@@ -73,11 +75,16 @@ private slots:
         window->cpSwap();
         window->cpFit();
         window->cpActualSize();
-        QCOMPARE(alerts, QStringList(3, QStringLiteral("Image not loaded")));
+        window->cpAutoadj();
+        window->cpColorMatch(false);
+        window->cpColorMatch(true);
+        window->cpCrop();
+        QCOMPARE(alerts, QStringList(7, QStringLiteral("Image not loaded")));
+        QVERIFY(!window->isAligning() && !window->cropMode());
         press(Qt::Key_X); // the bare key does nothing without a pair
-        QCOMPARE(alerts.size(), 3);
+        QCOMPARE(alerts.size(), 7);
         swapControl()->click();
-        QCOMPARE(alerts.size(), 4);
+        QCOMPARE(alerts.size(), 8);
         QVERIFY(!window->processor().isSwap);
         QVERIFY(!swapControl()->isChecked());
     }
@@ -175,11 +182,9 @@ private slots:
     // Exif, and a failing writer's own text is alerted.
     void savedPairsReadBackSwapped()
     {
-        QImage red(40, 30, QImage::Format_RGB32), blue(40, 30, QImage::Format_RGB32);
-        red.fill(Qt::red);
-        blue.fill(Qt::blue);
         const QString leftPath = dir.filePath(QStringLiteral("l.png")), rightPath = dir.filePath(QStringLiteral("r.png"));
-        QVERIFY(red.save(leftPath) && blue.save(rightPath));
+        QVERIFY(TestReference::filledImage(40, 30, qRgb(255, 0, 0)).save(leftPath));
+        QVERIFY(TestReference::filledImage(40, 30, qRgb(0, 0, 255)).save(rightPath));
         const struct {
             DisplayMode mode;
             const char *name;
@@ -218,10 +223,7 @@ private slots:
         window->cpUndo(); // the loaded state cannot be undone
         QCOMPARE(window->processor().leftOriginal->cacheKey(), loaded);
         const QString broken = dir.filePath(QStringLiteral("broken.jpg"));
-        QFile file(broken);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("no picture here");
-        file.close();
+        QVERIFY(TestSupport::writeAll(broken, "no picture here"));
         QVERIFY(!window->openPaths({broken}));
         QCOMPARE(window->processor().leftOriginal->cacheKey(), loaded); // previous pair stays
         QCOMPARE(window->processor().adjustment, StereoAdjustment()); // but starts unadjusted
@@ -231,9 +233,8 @@ private slots:
     void spaceStepsThroughPairs()
     {
         QTemporaryDir folder;
-        const char *names[] = {"1.jpg", "2.jpg", "3.jpg", "4.jpg", "5.jpg"};
-        for (const char *name : names)
-            QFile::copy(data + QStringLiteral("/orientation/hopper.jpg"), folder.filePath(QString::fromLatin1(name)));
+        for (const QString name : {"1.jpg", "2.jpg", "3.jpg", "4.jpg", "5.jpg"})
+            QVERIFY(!TestSupport::copiedInto(folder, QStringLiteral("orientation/hopper.jpg"), name).isEmpty());
         QVERIFY(window->openPaths({folder.filePath(QStringLiteral("1.jpg")), folder.filePath(QStringLiteral("2.jpg"))}));
         QCOMPARE(window->navigator().loadMode(), FolderNavigator::filePair);
         press(Qt::Key_Space);
