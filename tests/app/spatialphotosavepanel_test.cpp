@@ -27,17 +27,14 @@ private slots:
     void fieldsStartFromUsableStoredValues()
     {
         Preferences store(dir.filePath(QStringLiteral("a.ini")));
-        SpatialPhotoSavePanel fresh(store);
-        QCOMPARE(fresh.fovField->text(), QStringLiteral("63.4"));
-        QCOMPARE(fresh.adjField->text(), QStringLiteral("200"));
-        QCOMPARE(fresh.stbField->text(), QStringLiteral("0.019240"));
-        store.setNumber(QStringLiteral("spatialPhoto.fov"), 75.25);
-        store.setInteger(QStringLiteral("spatialPhoto.adj"), -5); // below 1: the default shows
-        store.setNumber(QStringLiteral("spatialPhoto.stb"), 0.065);
-        SpatialPhotoSavePanel stored(store);
-        QCOMPARE(stored.fovField->text(), QStringLiteral("75.25"));
-        QCOMPARE(stored.adjField->text(), QStringLiteral("200"));
-        QCOMPARE(stored.stbField->text(), QStringLiteral("0.065000"));
+        const QStringList fresh{"63.4", "200", "0.019240"}, stored{"75.25", "200", "0.065000"};
+        for (const QStringList &shown : {fresh, stored}) {
+            SpatialPhotoSavePanel panel(store);
+            QCOMPARE((QStringList{panel.fovField->text(), panel.adjField->text(), panel.stbField->text()}), shown);
+            store.setNumber(QStringLiteral("spatialPhoto.fov"), 75.25);
+            store.setInteger(QStringLiteral("spatialPhoto.adj"), -5); // below 1: the default shows
+            store.setNumber(QStringLiteral("spatialPhoto.stb"), 0.065);
+        }
     }
 
     void typingValidatesEachField()
