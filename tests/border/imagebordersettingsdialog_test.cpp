@@ -91,17 +91,16 @@ private slots:
         const auto opacityOf = [](QWidget *field) {
             return static_cast<QGraphicsOpacityEffect *>(field->parentWidget()->graphicsEffect())->opacity();
         };
-        QVERIFY(width->isEnabled());
-        QCOMPARE(opacityOf(width), 1.0);
-        QVERIFY(!size->isEnabled());
-        QCOMPARE(opacityOf(size), 0.4);
-
-        dialog.findChild<QCheckBox *>("useBorder")->setChecked(false);
-        dialog.findChild<QCheckBox *>("useFusionDots")->setChecked(true);
-        QVERIFY(!width->isEnabled());
-        QCOMPARE(opacityOf(width), 0.4);
-        QVERIFY(size->isEnabled());
-        QCOMPARE(opacityOf(size), 1.0);
+        for (const bool toggled : {false, true}) { // as opened, then with both boxes toggled
+            if (toggled) {
+                dialog.findChild<QCheckBox *>("useBorder")->setChecked(false);
+                dialog.findChild<QCheckBox *>("useFusionDots")->setChecked(true);
+            }
+            QCOMPARE(width->isEnabled(), !toggled);
+            QCOMPARE(opacityOf(width), toggled ? 0.4 : 1.0);
+            QCOMPARE(size->isEnabled(), toggled);
+            QCOMPARE(opacityOf(size), toggled ? 1.0 : 0.4);
+        }
     }
 
     void cancelStoresNothing()
