@@ -9,14 +9,12 @@
 #include <gtest/gtest.h>
 
 #include "photos/photolibrary.h"
-
-// Readable failure messages.
-inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.toStdString() << '"'; }
+#include "tests/formats/testsupport.h"
 
 namespace Vorel {
 namespace {
 
-const QString data = QStringLiteral(VOREL_TEST_DATA "/");
+using TestSupport::testData;
 
 TEST(PhotoLibrary, DescribesRealFilesFromTheirHeaders)
 {
@@ -36,25 +34,24 @@ TEST(PhotoLibrary, DescribesRealFilesFromTheirHeaders)
         {"orientation/g4_orientation_6.tif", PhotoKind::sideBySide, {590, 88}}, // stored 88x590
     };
     for (const Row &row : rows) {
-        const PhotoAsset asset = describeFile(data + QLatin1String(row.file), QStringLiteral("album"));
+        const PhotoAsset asset = describeFile(testData(QLatin1String(row.file)), QStringLiteral("album"));
         EXPECT_EQ(photoKindName(asset.kind), photoKindName(row.kind)) << row.file;
         EXPECT_EQ(asset.size, row.size) << row.file;
     }
-    EXPECT_EQ(describeFile(data + QStringLiteral("missing.jpg"), {}).size, QSize());
+    EXPECT_EQ(describeFile(testData(QStringLiteral("missing.jpg")), {}).size, QSize());
 }
 
 TEST(PhotoLibrary, NamePairsAmongTheAlbumsFilesAreLeftAndRight)
 {
-    const QStringList files{data + QStringLiteral("stereo/Panasonic-DMC-GX8-left.jpg"),
-                            data + QStringLiteral("stereo/Panasonic-DMC-GX8-right.jpg"),
-                            data + QStringLiteral("stereo/left.jpg")};
+    const QStringList files{testData(QStringLiteral("stereo/Panasonic-DMC-GX8-left.jpg")),
+                            testData(QStringLiteral("stereo/Panasonic-DMC-GX8-right.jpg")),
+                            testData(QStringLiteral("stereo/left.jpg"))};
     const std::vector<PhotoAsset> assets = describePhotos(files, QStringLiteral("a"));
     ASSERT_EQ(assets.size(), 3u);
     EXPECT_EQ(assets[0].kind, PhotoKind::left);
     EXPECT_EQ(assets[0].partner, files[1]);
     EXPECT_EQ(assets[1].kind, PhotoKind::right);
     EXPECT_EQ(assets[2].kind, PhotoKind::single);
-    EXPECT_EQ(photoKindBadge(PhotoKind::left), QStringLiteral("L"));
     EXPECT_EQ(photoKindFromName(QStringLiteral("sbs")), PhotoKind::sideBySide);
 }
 
@@ -64,7 +61,7 @@ TEST(PhotoLibrary, AlbumsSurviveLoopsHiddenAndUnreadableFolders)
 {
     QTemporaryDir root;
     const QString pictures = root.path() + QStringLiteral("/Pictures");
-    const QString picture = data + QStringLiteral("stereo/left.jpg");
+    const QString picture = testData(QStringLiteral("stereo/left.jpg"));
     for (const char *file : {"a.jpg", "Trip/b10.jpg", "Trip/b2.jpg", ".hidden/c.jpg", "Locked/d.jpg"}) {
         const QString path = pictures + QLatin1Char('/') + QLatin1String(file);
         QDir().mkpath(QFileInfo(path).path());

@@ -16,6 +16,7 @@
 #include "photos/photolibrary.h"
 #include "photos/photopickerwindow.h"
 #include "photos/preferencesdialog.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
 
@@ -36,12 +37,11 @@ private slots:
         qputenv("XDG_CACHE_HOME", home.filePath(QStringLiteral(".cache")).toUtf8());
         trip = pictures() + QStringLiteral("/Trip");
         QVERIFY(QDir().mkpath(trip));
-        const QString data = QStringLiteral(VOREL_TEST_DATA);
-        QVERIFY(QFile::copy(data + QStringLiteral("/mpo/sugarshack.mpo"), trip + QStringLiteral("/a.mpo")));
+        using TestSupport::testData;
+        QVERIFY(QFile::copy(testData(QStringLiteral("mpo/sugarshack.mpo")), trip + QStringLiteral("/a.mpo")));
         for (const char *name : { "/b.jpg", "/d_L.jpg", "/d_R.jpg" })
-            QVERIFY(QFile::copy(data + QStringLiteral("/orientation/hopper.jpg"), trip + QLatin1String(name)));
-        QFile broken(trip + QStringLiteral("/c.jpg"));
-        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("not a picture") > 0);
+            QVERIFY(QFile::copy(testData(QStringLiteral("orientation/hopper.jpg")), trip + QLatin1String(name)));
+        QVERIFY(TestSupport::writeAll(trip + QStringLiteral("/c.jpg"), "not a picture"));
         QCOMPARE(defaultPicturesFolder(), pictures());
     }
 

@@ -12,14 +12,14 @@
 #include <utime.h>
 
 #include "photos/thumbnailcache.h"
-
-// Readable failure messages.
-inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.toStdString() << '"'; }
+#include "tests/formats/testsupport.h"
 
 namespace Vorel {
 namespace {
 
-const QString data = QStringLiteral(VOREL_TEST_DATA "/");
+using TestSupport::readAll;
+using TestSupport::testData;
+using TestSupport::writeAll;
 
 int modeOf(const QString &path)
 {
@@ -41,7 +41,7 @@ struct Fixture {
     {
         const QString path = root.path() + QStringLiteral("/photos/") + name;
         QDir().mkpath(QFileInfo(path).path());
-        QFile::copy(data + QLatin1String(source), path);
+        QFile::copy(testData(QLatin1String(source)), path);
         return path;
     }
 };
@@ -92,10 +92,8 @@ TEST(ThumbnailCache, StaleAndCorruptEntriesAreReplaced)
     ASSERT_TRUE(f.cache.thumbnail(photo, ThumbnailSize::normal));
     EXPECT_EQ(QImageReader(entry).read().text(QStringLiteral("Thumb::MTime")), QStringLiteral("1000000000"));
 
-    QFile file(entry);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.resize(file.size() / 2);
-    file.close();
+    const QByteArray whole = readAll(entry);
+    ASSERT_TRUE(writeAll(entry, whole.left(whole.size() / 2)));
     EXPECT_FALSE(f.cache.find(photo, ThumbnailSize::normal));
     EXPECT_EQ(f.cache.thumbnail(photo, ThumbnailSize::normal)->size(), QSize(128, 96));
     EXPECT_FALSE(QImageReader(entry).read().isNull());
@@ -105,10 +103,7 @@ TEST(ThumbnailCache, BrokenFilesAreNotRetriedUntilTheyChange)
 {
     Fixture f;
     const QString photo = f.copy("mpo/sugarshack.mpo", QStringLiteral("broken.jpg"));
-    QFile file(photo);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("not a picture");
-    file.close();
+    ASSERT_TRUE(writeAll(photo, "not a picture"));
     setMtime(photo, 1000000000);
     EXPECT_FALSE(f.cache.thumbnail(photo, ThumbnailSize::normal));
     EXPECT_TRUE(f.cache.hasFailed(photo));
@@ -116,7 +111,7 @@ TEST(ThumbnailCache, BrokenFilesAreNotRetriedUntilTheyChange)
     EXPECT_EQ(QImageReader(f.cache.failPath(photo)).read().text(QStringLiteral("Thumb::MTime")), QStringLiteral("1000000000"));
 
     QFile::remove(photo);
-    QFile::copy(data + QStringLiteral("mpo/sugarshack.mpo"), photo);
+    QFile::copy(testData(QStringLiteral("mpo/sugarshack.mpo")), photo);
     EXPECT_FALSE(f.cache.hasFailed(photo));
     EXPECT_TRUE(f.cache.thumbnail(photo, ThumbnailSize::normal));
 }
@@ -139,7 +134,7 @@ TEST(ThumbnailCache, FilesInsideTheCacheAreNotStored)
     Fixture f;
     const QString inside = f.cache.folder() + QStringLiteral("/normal/x.png");
     QDir().mkpath(QFileInfo(inside).path());
-    QFile::copy(data + QStringLiteral("stereo/motorcycle_left.png"), inside);
+    QFile::copy(testData(QStringLiteral("stereo/motorcycle_left.png")), inside);
     EXPECT_TRUE(f.cache.thumbnail(inside, ThumbnailSize::normal));
     EXPECT_EQ(QDir(QFileInfo(inside).path()).entryList(QDir::Files), QStringList{QStringLiteral("x.png")});
 }
