@@ -16,6 +16,7 @@
 #include "projector/fitimageview.h"
 #include "projector/projectorlink.h"
 #include "projector/sbsprojectorview.h"
+#include "tests/formats/testsupport.h"
 
 using namespace Vorel;
 
@@ -248,14 +249,11 @@ int main(int argc, char **argv)
     // Three screens of different sizes side by side, on Qt's offscreen platform.
     QTemporaryDir config;
     const QString screens = config.filePath(QStringLiteral("screens.json"));
-    QFile file(screens);
-    if (!file.open(QIODevice::WriteOnly))
-        return 1;
-    file.write(R"({"screens": [
+    if (!TestSupport::writeAll(screens, R"({"screens": [
         {"name": "one", "x": 0, "y": 0, "width": 800, "height": 600},
         {"name": "two", "x": 800, "y": 0, "width": 1024, "height": 768},
-        {"name": "three", "x": 1824, "y": 0, "width": 640, "height": 480}]})");
-    file.close();
+        {"name": "three", "x": 1824, "y": 0, "width": 640, "height": 480}]})"))
+        return 1;
     qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + screens).toLocal8Bit());
     QApplication app(argc, argv);
     ProjectorTest test;
