@@ -20,7 +20,7 @@
 #include "core/preferences.h"
 #include "formats/cameraexif.h"
 #include "tests/core/noiseimage.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 

@@ -32,7 +32,7 @@ std::map<QString, QByteArray> folderContents(const QString &folder)
 {
     std::map<QString, QByteArray> files;
     for (const QString &name : QDir(folder).entryList(QDir::Files | QDir::Hidden))
-        files[name] = contents(folder + QLatin1Char('/') + name);
+        files[name] = readAll(folder + QLatin1Char('/') + name);
     return files;
 }
 
@@ -93,7 +93,7 @@ TEST(BatchProgram, ListsExistingOutputsAndWritesNothingWithoutYes)
                                           "… and 2 more files\n\n"
                                           "Pass --yes to overwrite them or --skip-existing to keep them.\n"));
     for (const QString &name : names)
-        EXPECT_EQ(contents(dir.filePath(QStringLiteral("out/") + name)), "old") << name.toStdString();
+        EXPECT_EQ(readAll(dir.filePath(QStringLiteral("out/") + name)), "old") << name.toStdString();
     // With --yes the readable one is written again; the empty inputs fail.
     EXPECT_EQ(runCli(QStringList{QStringLiteral("batch"), QStringLiteral("--yes")} + folders).exitCode, 1);
     EXPECT_TRUE(QImageReader(dir.filePath(QStringLiteral("out/a1.jpg"))).canRead());
@@ -128,7 +128,7 @@ TEST(BatchProgram, ShardsTogetherMakeOneRun)
         EXPECT_EQ(expected.size(), 7u);
         EXPECT_TRUE(folderContents(sharded) == expected) << format.toStdString();
         QStringList logged;
-        for (const QJsonObject &entry : jsonLines(contents(log)))
+        for (const QJsonObject &entry : jsonLines(readAll(log)))
             logged << entry.value(QStringLiteral("outputs")).toArray().at(0).toString();
         logged.sort();
         EXPECT_EQ(logged, QStringList(QDir(whole).entryList(QDir::Files))) << format.toStdString();
@@ -169,19 +169,19 @@ TEST(BatchProgram, InterruptedRunResumes)
             }
         }
         const auto interrupted = folderContents(out);
-        const QList<QJsonObject> logBefore = jsonLines(contents(log));
+        const QList<QJsonObject> logBefore = jsonLines(readAll(log));
         EXPECT_LT(interrupted.size(), 8u);
         const CliRun resumed =
             runCli(recipe + QStringList{QStringLiteral("--skip-existing"), QStringLiteral("--log"), log, in, out});
         EXPECT_EQ(resumed.exitCode, 0) << resumed.err.toStdString();
         for (const auto &[name, bytes] : folderContents(clean))
-            EXPECT_TRUE(contents(out + QLatin1Char('/') + name) == bytes) << name.toStdString();
+            EXPECT_TRUE(readAll(out + QLatin1Char('/') + name) == bytes) << name.toStdString();
 
         // Each job the interrupted run finished is logged ok and skipped by the resumed run.
         std::map<QString, int> before, after;
         for (const QJsonObject &entry : logBefore)
             ++before[entry.value(QStringLiteral("status")).toString()];
-        for (const QJsonObject &entry : jsonLines(contents(log)).mid(logBefore.size()))
+        for (const QJsonObject &entry : jsonLines(readAll(log)).mid(logBefore.size()))
             ++after[entry.value(QStringLiteral("status")).toString()];
         EXPECT_GE(before[QStringLiteral("ok")], 2);
         EXPECT_GE(after[QStringLiteral("skipped-existing")], before[QStringLiteral("ok")]); // kill -9 may cut a log line

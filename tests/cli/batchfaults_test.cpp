@@ -36,7 +36,7 @@ void expectOnlyWholeOutputs(const QString &folder, const QStringList &allowed)
 std::map<QString, QString> loggedStatuses(const QString &log)
 {
     std::map<QString, QString> statuses;
-    for (const QJsonObject &entry : jsonLines(contents(log)))
+    for (const QJsonObject &entry : jsonLines(readAll(log)))
         statuses[entry.value(QStringLiteral("inputs")).toArray().at(0).toString()] =
             entry.value(QStringLiteral("status")).toString();
     return statuses;
@@ -79,7 +79,7 @@ TEST(BatchFaults, BadInputsFailWithTheirReasonsAndTheRestIsWritten)
         ASSERT_TRUE(copyData(in, c.goodFiles));
         if (c.failures.count(QStringLiteral("broken.jpg"))) {
             // Cut before the scan, empty, and text.
-            const QByteArray picture = contents(data + QLatin1Char('/') + sbs);
+            const QByteArray picture = readAll(data + QLatin1Char('/') + sbs);
             ASSERT_FALSE(writeFile(in + QStringLiteral("/broken.jpg"), picture.left(5000)).isEmpty());
             ASSERT_FALSE(writeFile(in + QStringLiteral("/empty.mpo")).isEmpty());
             ASSERT_FALSE(writeFile(in + QStringLiteral("/text.heic"), "not a picture\n").isEmpty());

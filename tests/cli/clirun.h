@@ -3,8 +3,6 @@
 // Runs the real vorel-cli for the tests, each run with an empty preferences store of its own.
 #pragma once
 
-#include <ostream>
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,11 +14,12 @@
 
 #include <unistd.h>
 
-// Readable failure messages for texts and lists.
-inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.toStdString() << '"'; }
-inline void PrintTo(const QStringList &list, std::ostream *os) { *os << list.join(QStringLiteral(", ")).toStdString(); }
+#include "tests/testsupport.h"
 
 namespace Vorel::CliTest {
+
+using TestSupport::readAll;
+using TestSupport::writeAll;
 
 inline const QString data = QStringLiteral(VOREL_TEST_DATA);
 
@@ -60,15 +59,9 @@ inline bool copyData(const QString &folder, const std::vector<std::pair<QString,
 {
     QDir().mkpath(folder);
     for (const auto &[source, name] : files)
-        if (!QFile::copy(data + QLatin1Char('/') + source, folder + QLatin1Char('/') + name))
+        if (!QFile::copy(TestSupport::testData(source), folder + QLatin1Char('/') + name))
             return false;
     return true;
-}
-
-inline QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // One object per line of a JSON lines text (the library listing, the batch log).
@@ -85,8 +78,7 @@ inline QList<QJsonObject> jsonLines(const QByteArray &text)
 inline QString writeFile(const QString &path, const QByteArray &bytes = {})
 {
     QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
+    return writeAll(path, bytes) ? path : QString();
 }
 
 // Reads the progress lines of a started run until `line` appears or the run ends.

@@ -135,9 +135,9 @@ TEST(ConvertProgram, RefusalsGiveTheExitCodeAndReason)
         EXPECT_EQ(run.exitCode, c.exitCode) << c.name << ": " << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(c.reason)) << c.name << ": " << run.err.toStdString();
     }
-    EXPECT_EQ(contents(existing), QByteArray("precious"));
+    EXPECT_EQ(readAll(existing), QByteArray("precious"));
     EXPECT_EQ(runCli(cli("convert --yes", {sbs, existing})).exitCode, 0);
-    EXPECT_NE(contents(existing), QByteArray("precious"));
+    EXPECT_NE(readAll(existing), QByteArray("precious"));
 }
 
 // Every output file keeps the date and camera of the source; --strip-metadata writes none.
@@ -209,7 +209,7 @@ TEST(ConvertProgram, ColourReferenceStaysUnchanged)
 {
     QTemporaryDir dir;
     const auto view = [&dir](const QString &name, const char *eye) {
-        return contents(dir.filePath(name + QLatin1String(eye)));
+        return readAll(dir.filePath(name + QLatin1String(eye)));
     };
     for (const char *swap : {"", "--swap"}) {
         const QString plain = QStringLiteral("plain") + QLatin1String(swap);

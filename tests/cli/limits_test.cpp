@@ -25,7 +25,7 @@ struct LimitCase {
     Outcome outcome;
 };
 
-QByteArray testData(const char *path) { return contents(data + QLatin1Char('/') + QLatin1String(path)); }
+QByteArray testData(const char *path) { return readAll(data + QLatin1Char('/') + QLatin1String(path)); }
 
 // AddressSanitizer reserves terabytes of address space for its shadow memory, so a sanitized
 // build runs the files under the time limit alone.

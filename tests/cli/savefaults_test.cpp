@@ -68,7 +68,7 @@ std::map<QString, QByteArray> filesUnder(const QString &folder)
     for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
         const QString path = it.next();
         if (it.fileName() != QLatin1String("filler"))
-            files[QDir(folder).relativeFilePath(path)] = contents(path);
+            files[QDir(folder).relativeFilePath(path)] = readAll(path);
     }
     return files;
 }

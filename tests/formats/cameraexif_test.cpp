@@ -11,7 +11,7 @@
 #include "formats/imagewriter.h"
 #include "formats/spatialphoto.h"
 #include "formats/stereofilewriter.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

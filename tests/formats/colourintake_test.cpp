@@ -9,7 +9,7 @@
 #include "formats/imagereader.h"
 #include "formats/jpegcodec.h"
 #include "formats/spatialphoto.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel::TestSupport;
 

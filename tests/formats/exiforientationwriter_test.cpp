@@ -12,7 +12,7 @@
 #include "formats/imagereader.h"
 #include "formats/orientationrewriterun.h"
 #include "tests/formats/bytebuilders.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

@@ -8,7 +8,7 @@
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/heifmetaedit.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::Heif;

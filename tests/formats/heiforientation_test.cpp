@@ -12,7 +12,7 @@
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/heiforientation.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

@@ -5,7 +5,7 @@
 
 #include "formats/imagereader.h"
 #include "tests/formats/bytebuilders.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

@@ -7,7 +7,7 @@
 
 #include "formats/imagereader.h"
 #include "formats/imagewriter.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

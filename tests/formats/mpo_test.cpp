@@ -5,7 +5,7 @@
 
 #include "formats/mpindex.h"
 #include "formats/mpo.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

@@ -15,7 +15,7 @@
 #include "formats/exiforientationpanel.h"
 #include "formats/orientationrewritedialog.h"
 #include "formats/panelaccessoryview.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 

@@ -14,7 +14,7 @@
 #include "formats/heifboxes.h"
 #include "formats/heifimage.h"
 #include "formats/spatialphoto.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

@@ -17,7 +17,7 @@
 #include "formats/mpo.h"
 #include "formats/sidebysidejpeg.h"
 #include "formats/stereofilewriter.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 using namespace Vorel::TestSupport;

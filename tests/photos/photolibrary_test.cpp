@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "photos/photolibrary.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 namespace Vorel {
 namespace {

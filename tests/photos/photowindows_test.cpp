@@ -16,7 +16,7 @@
 #include "photos/photolibrary.h"
 #include "photos/photopickerwindow.h"
 #include "photos/preferencesdialog.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 

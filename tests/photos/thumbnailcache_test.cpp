@@ -12,7 +12,7 @@
 #include <utime.h>
 
 #include "photos/thumbnailcache.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 namespace Vorel {
 namespace {

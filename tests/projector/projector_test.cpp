@@ -16,7 +16,7 @@
 #include "projector/fitimageview.h"
 #include "projector/projectorlink.h"
 #include "projector/sbsprojectorview.h"
-#include "tests/formats/testsupport.h"
+#include "tests/testsupport.h"
 
 using namespace Vorel;
 

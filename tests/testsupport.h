@@ -19,10 +19,15 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-// Readable QString values in failure messages.
+// Readable texts and lists in failure messages.
 inline void PrintTo(const QString &text, std::ostream *os)
 {
     *os << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QStringList &list, std::ostream *os)
+{
+    *os << list.join(QStringLiteral(", ")).toStdString();
 }
 
 namespace Vorel::TestSupport {
